@@ -1,0 +1,102 @@
+#include "formats/TrackFileDispatcher.h"
+
+#include "formats/StringTable.h"
+#include "formats/TrackFormat.h"
+#include "platform/FileCause.h"
+#include "platform/Path.h"
+
+#include <new>
+
+namespace kestrabel {
+
+namespace {
+
+constexpr int FewestPoints = 2;
+
+/// Runs a reader or writer. What it throws ends it; what it did so far stays.
+template <class TRun>
+bool Guarded(CImportMonitor& monitor, EText failure, TRun&& run)
+{
+    try {
+        return run();
+    } catch (const CFileException& exception) {
+        monitor.NoteIssue(0, exception.what());
+        monitor.Report(StringTableText(failure), false);
+    } catch (const std::bad_alloc&) {
+        monitor.NoteIssue(0, "out of memory");
+        monitor.Report(StringTableText(failure), false);
+    }
+    return false;
+}
+
+bool Read(CImportMonitor& monitor, const STrackFormat& format, std::string_view strPath, CSeries& series)
+{
+    if (format.nSourceKind != 0)
+        series.m_cReserved = format.nSourceKind;
+    return Guarded(monitor, EText::ReadFailure, [&] { return format.pRead(monitor, strPath, series); });
+}
+
+bool Write(CImportMonitor& monitor, const STrackFormat* pFormat, std::string_view strPath,
+           const CSeries& series, const CObjectArray<CTrackPoint>& points)
+{
+    if (pFormat == nullptr)
+        return false;
+    if (pFormat->pWrite == nullptr) {
+        if (pFormat->saveRefusal != EText::None) {
+            monitor.Report(StringTableText(pFormat->saveRefusal), true);
+            monitor.ShowMessage();
+        }
+        return false;
+    }
+    return Guarded(monitor, EText::WriteFailure,
+                   [&] { return pFormat->pWrite(monitor, strPath, series, points); });
+}
+
+} // namespace
+
+int ImportTrackFile(CImportMonitor& monitor, CSeries& series, EImportEnd& end)
+{
+    const STrackFormat* pFormat = FormatForImport(series.m_strFileName);
+    if (pFormat == nullptr || pFormat->pRead == nullptr) {
+        monitor.Report(StringTableText(EText::NotRecognised), true);
+        monitor.ShowMessage();
+        end = EImportEnd::Unrecognised;
+        return 0;
+    }
+    const bool bComplete = Read(monitor, *pFormat, series.m_strFileName, series);
+    series.m_bModified = 0;
+    if (!bComplete && series.m_points.GetCount() > 0) {
+        end = EImportEnd::Stopped;
+        return series.m_points.GetCount();
+    }
+    end = bComplete ? EImportEnd::Complete : EImportEnd::Failed;
+    if (series.m_points.GetCount() < FewestPoints)
+        series.m_points.RemoveAll();
+    else
+        series.m_date = series.m_points[0].m_time;
+    return series.m_points.GetCount();
+}
+
+bool LoadTrackFile(CImportMonitor& monitor, CSeries& series, std::string_view strPath)
+{
+    series.m_strFileName = StoredFileName(strPath);
+    const STrackFormat* pFormat = FormatForReload(strPath);
+    if (pFormat == nullptr || pFormat->pRead == nullptr)
+        return false;
+    return Read(monitor, *pFormat, strPath, series);
+}
+
+bool SaveTrackFile(CImportMonitor& monitor, const CSeries& series)
+{
+    return Write(monitor, FormatForSave(series.m_strFileName, EGpxTest::LastThreeCharacters),
+                 series.m_strFileName, series, series.m_points);
+}
+
+bool SavePoints(CImportMonitor& monitor, std::string_view strFileName, const CSeries& series,
+                const CObjectArray<CTrackPoint>& points)
+{
+    return Write(monitor, FormatForSave(strFileName, EGpxTest::ExtensionAnywhere), strFileName, series,
+                 points);
+}
+
+} // namespace kestrabel
