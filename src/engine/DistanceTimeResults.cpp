@@ -1,0 +1,202 @@
+#include "engine/DistanceTimeResults.h"
+
+#include "engine/Direction.h"
+#include "engine/ResultBuilder.h"
+#include "engine/ResultList.h"
+#include "engine/SpeedSource.h"
+#include "engine/TakenTimes.h"
+#include "engine/WindowAccumulator.h"
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace kestrabel {
+
+namespace {
+
+/// A window that reached the target. A long track has hundreds of thousands of them and only a handful is
+/// chosen, so no more is kept than the choice needs.
+struct SCandidate
+{
+    double dSpeed; ///< km/h
+    int nStart;
+    int nEnd;
+};
+
+class CWindowScan
+{
+public:
+    CWindowScan(const CEvent& event, const CPerson& person, const CSeries& series, const CDivision& division)
+        : m_event(event),
+          m_person(person),
+          m_series(series),
+          m_division(division),
+          m_points(series.m_points),
+          m_source(division, series),
+          m_bOneResultPerRun(division.m_bOneResultPerRun != 0),
+          m_pAccumulator(CreateWindowAccumulator(division, m_source.UsesDoppler()))
+    {
+    }
+
+    void FindCandidates(CProgress& shown);
+    void Select(CObjectArray<CResult>& results);
+
+private:
+    bool EndsRun(const CTrackPoint& start, const CTrackPoint& point) const;
+    bool IsSlowerCandidate(const SCandidate& one, const SCandidate& other) const;
+    void Measure(const SCandidate& candidate);
+    std::unique_ptr<CResult> MakeWindowResult(const SCandidate& candidate);
+
+    const CEvent& m_event;
+    const CPerson& m_person;
+    const CSeries& m_series;
+    const CDivision& m_division;
+    const CObjectArray<CTrackPoint>& m_points;
+    CSpeedSource m_source;
+    bool m_bOneResultPerRun;
+    std::unique_ptr<CWindowAccumulator> m_pAccumulator;
+    std::vector<SCandidate> m_candidates;
+};
+
+/// A result of one run ends where the rider stops or the run does.
+bool CWindowScan::EndsRun(const CTrackPoint& start, const CTrackPoint& point) const
+{
+    return m_source.Speed(point) < m_event.m_dStopRunSpeed || m_source.Run(point) != m_source.Run(start);
+}
+
+void CWindowScan::FindCandidates(CProgress& shown)
+{
+    CWindowAccumulator& accumulator = *m_pAccumulator;
+    const bool bRescan = accumulator.NeedsRescan();
+    const int nCount = m_points.GetCount();
+    int nEnd = 1; // where the window has got to; stays between starts unless the accumulator rescans
+    for (int nStart = 0; nStart < nCount - 1;) {
+        shown.Step();
+        int nNextStart = nStart + 1;
+        const CTrackPoint& start = m_points[nStart];
+        if (accumulator.Start(start)) {
+            nEnd = bRescan ? nStart + 1 : std::max(nEnd, nStart + 1);
+            while (nEnd < nCount) {
+                const CTrackPoint& point = m_points[nEnd];
+                if (m_bOneResultPerRun && EndsRun(start, point)) {
+                    nNextStart = nEnd + 1;
+                    break;
+                }
+                if (!accumulator.Add(point)) {
+                    nNextStart = nEnd + 2; // the refused point starts no window, nor does the next
+                    ++nEnd;
+                    break;
+                }
+                if (accumulator.Reached()) {
+                    m_candidates.push_back({accumulator.Speed(), nStart, nEnd});
+                    break;
+                }
+                if (++nEnd == nCount) {
+                    nEnd = nCount - 1;
+                    break;
+                }
+            }
+        }
+        nStart = nNextStart;
+    }
+}
+
+/// The result order; of equal results the one found later stands behind.
+bool CWindowScan::IsSlowerCandidate(const SCandidate& one, const SCandidate& other) const
+{
+    const bool bOneIsNone = std::isnan(one.dSpeed);
+    const bool bOtherIsNone = std::isnan(other.dSpeed);
+    if (bOneIsNone != bOtherIsNone)
+        return bOneIsNone;
+    if (!bOneIsNone && one.dSpeed != other.dSpeed)
+        return one.dSpeed < other.dSpeed;
+    const double dOneStart = m_points[one.nStart].m_time.m_dDays;
+    const double dOtherStart = m_points[other.nStart].m_time.m_dDays;
+    return dOneStart != dOtherStart ? dOneStart < dOtherStart : one.nStart < other.nStart;
+}
+
+void CWindowScan::Select(CObjectArray<CResult>& results)
+{
+    const auto IsSlowerOne = [this](const SCandidate& one, const SCandidate& other) {
+        return IsSlowerCandidate(one, other);
+    };
+    // A heap, since only the fastest few are looked at.
+    std::make_heap(m_candidates.begin(), m_candidates.end(), IsSlowerOne);
+    CTakenTimes taken;
+    std::set<std::int32_t> takenRuns;
+    const int nWanted = std::max<int>(m_event.m_nShowTopRows, m_division.m_nAverageRuns);
+    int nSelected = 0;
+    while (!m_candidates.empty()) {
+        std::pop_heap(m_candidates.begin(), m_candidates.end(), IsSlowerOne);
+        const SCandidate candidate = m_candidates.back();
+        m_candidates.pop_back();
+        const CTrackPoint& start = m_points[candidate.nStart];
+        const CTrackPoint& end = m_points[candidate.nEnd];
+        if (m_bOneResultPerRun && takenRuns.contains(m_source.Run(start)))
+            continue;
+        if (taken.Overlaps(start.m_time, end.m_time))
+            continue;
+        takenRuns.insert(m_source.Run(start));
+        taken.Take(start.m_time, end.m_time);
+        std::unique_ptr<CResult> pResult = MakeWindowResult(candidate);
+        pResult->m_nRank = ++nSelected;
+        InsertInResultOrder(results, std::move(pResult));
+        if (nSelected >= nWanted)
+            return;
+    }
+}
+
+/// Brings the accumulator to the state in which it found the candidate.
+void CWindowScan::Measure(const SCandidate& candidate)
+{
+    m_pAccumulator->Start(m_points[candidate.nStart]);
+    const int nFirst = m_pAccumulator->NeedsRescan() ? candidate.nStart + 1 : candidate.nEnd;
+    for (int i = nFirst; i <= candidate.nEnd; ++i)
+        m_pAccumulator->Add(m_points[i]);
+}
+
+std::unique_ptr<CResult> CWindowScan::MakeWindowResult(const SCandidate& candidate)
+{
+    Measure(candidate);
+    std::unique_ptr<CResult> pResult =
+        MakeResult(m_person, m_series, m_division, m_source, candidate.nStart, candidate.nEnd);
+    pResult->m_dSeconds = m_pAccumulator->Time() * SecondsPerDay;
+    pResult->m_dDistance = m_pAccumulator->Distance();
+    pResult->m_dSpeed = m_pAccumulator->Speed();
+
+    double dDirections = 0.0;
+    for (int i = candidate.nStart + 1; i <= candidate.nEnd; ++i)
+        dDirections += m_points[i].m_dDirection;
+    pResult->m_dDirection = dDirections / (candidate.nEnd - candidate.nStart);
+    pResult->m_dWindAngle = WindAngle(pResult->m_dDirection, m_series.m_dWindDirection);
+    MeasureExtremes(*pResult, m_series, m_source, candidate.nStart + 1, candidate.nEnd);
+
+    // A Doppler speed holds over a step; its errors add up as independent ones, the last step counting half.
+    const double dError = m_source.Error(m_event, m_series);
+    if (m_source.UsesDoppler() && dError > 0.0) {
+        const double dSquares = m_pAccumulator->SumStepSquares() - m_pAccumulator->LastStepSquared() * 0.5;
+        pResult->m_dDopplerError = dError * std::sqrt(dSquares) / pResult->m_dSeconds;
+        pResult->m_dClaimed = pResult->m_dSpeed - 2.0 * pResult->m_dDopplerError;
+    }
+    return pResult;
+}
+
+} // namespace
+
+bool CalculateWindowResults(const CEvent& event, const CPerson& person, const CSeries& series,
+                            const CDivision& division, CObjectArray<CResult>& results,
+                            CProgressDisplay& progress)
+{
+    if (series.m_points.IsEmpty())
+        return false;
+    CProgress shown(progress, "Calculating " + division.m_strName, series.m_points.GetCount());
+    CWindowScan scan(event, person, series, division);
+    scan.FindCandidates(shown);
+    scan.Select(results);
+    return true;
+}
+
+} // namespace kestrabel

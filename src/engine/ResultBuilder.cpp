@@ -1,0 +1,48 @@
+#include "engine/ResultBuilder.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace kestrabel {
+
+std::unique_ptr<CResult> MakeResult(const CPerson& person, const CSeries& series, const CDivision& division,
+                                    const CSpeedSource& source, int nStart, int nEnd)
+{
+    const CTrackPoint& start = series.m_points[nStart];
+    const CTrackPoint& end = series.m_points[nEnd];
+    auto pResult = std::make_unique<CResult>();
+    pResult->m_nStartIndex = nStart;
+    pResult->m_nEndIndex = nEnd;
+    pResult->m_nSeriesIndex = series.m_nSeriesIndex;
+    pResult->m_nPersonIndex = series.m_nPersonIndex;
+    pResult->m_strCompetitor = person.m_strName;
+    pResult->m_strDivision = division.m_strName;
+    pResult->m_strSeries = series.m_strName;
+    pResult->m_posStart = start.m_position;
+    pResult->m_timeStart = start.m_time;
+    pResult->m_posEnd = end.m_position;
+    pResult->m_timeEnd = end.m_time;
+    pResult->m_dAltitude = start.m_nAltitude;
+    pResult->m_dAltChange = static_cast<double>(end.m_nAltitude) - static_cast<double>(start.m_nAltitude);
+    pResult->m_nRun = source.Run(start);
+    return pResult;
+}
+
+void MeasureExtremes(CResult& result, const CSeries& series, const CSpeedSource& source, int nFirst,
+                     int nLast)
+{
+    constexpr std::int32_t nMostSatellites = 100;
+    result.m_dMinSpeed = std::numeric_limits<double>::max();
+    result.m_dMaxSpeed = 0.0;
+    result.m_dHDOPMax = 0.0;
+    result.m_nSatsMin = nMostSatellites;
+    for (int i = nFirst; i <= nLast; ++i) {
+        const CTrackPoint& point = series.m_points[i];
+        result.m_dMinSpeed = std::min(result.m_dMinSpeed, source.Speed(point));
+        result.m_dMaxSpeed = std::max(result.m_dMaxSpeed, source.Speed(point));
+        result.m_dHDOPMax = std::max(result.m_dHDOPMax, point.m_dHDOP);
+        result.m_nSatsMin = std::min(result.m_nSatsMin, point.m_nSats);
+    }
+}
+
+} // namespace kestrabel
