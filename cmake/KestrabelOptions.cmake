@@ -1,13 +1,13 @@
 # What every target of the project is compiled with.
 #
 # -ffp-contract=off: a fused multiply-add rounds once where the formula rounds twice, so the same
-# track would rank differently on another machine. -fno-math-errno only spares the errno bookkeeping
-# of sqrt and friends; it changes no result.
+# track would rank differently on another machine. -fno-math-errno and -fno-trapping-math only spare the
+# errno and exception-flag bookkeeping of sqrt, floor and friends; they change no result.
 add_library(kestrabel_options INTERFACE)
 target_compile_features(kestrabel_options INTERFACE cxx_std_20)
 target_include_directories(kestrabel_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
 target_compile_options(kestrabel_options INTERFACE
-  -ffp-contract=off -fno-math-errno
+  -ffp-contract=off -fno-math-errno -fno-trapping-math
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wnon-virtual-dtor
   -Wdouble-promotion -Werror)
 

@@ -2,6 +2,7 @@
 
 #include "engine/TrackPointDerivation.h"
 #include "platform/Path.h"
+#include "platform/Text.h"
 
 namespace kestrabel {
 
@@ -9,7 +10,7 @@ CSeries* AddTrackFile(const CEvent& event, CPerson& person, std::string_view str
                       EImportEnd& end, CProgressDisplay& progress)
 {
     auto pSeries = std::make_unique<CSeries>();
-    pSeries->m_strName = FileTitle(strPath);
+    pSeries->m_strName = ToUtf8(FileTitle(strPath));
     pSeries->m_strFileName = StoredFileName(strPath);
     pSeries->m_ellipsoid = event.m_ellipsoid;
     if (ImportTrackFile(monitor, *pSeries, end) == 0)

@@ -37,6 +37,7 @@ public:
           m_points(series.m_points),
           m_source(division, series),
           m_bOneResultPerRun(division.m_bOneResultPerRun != 0),
+          m_bOneCandidatePerRun(m_bOneResultPerRun && series.m_bInTimeOrder),
           m_pAccumulator(CreateWindowAccumulator(division, m_source.UsesDoppler()))
     {
     }
@@ -45,8 +46,11 @@ public:
     void Select(CObjectArray<CResult>& results);
 
 private:
+    template <class TAccumulator>
+    void Scan(TAccumulator& accumulator, CProgress& shown);
     bool EndsRun(const CTrackPoint& start, const CTrackPoint& point) const;
     bool IsSlowerCandidate(const SCandidate& one, const SCandidate& other) const;
+    void Keep(const SCandidate& candidate);
     void Measure(const SCandidate& candidate);
     std::unique_ptr<CResult> MakeWindowResult(const SCandidate& candidate);
 
@@ -57,6 +61,7 @@ private:
     const CObjectArray<CTrackPoint>& m_points;
     CSpeedSource m_source;
     bool m_bOneResultPerRun;
+    bool m_bOneCandidatePerRun; ///< see Keep
     std::unique_ptr<CWindowAccumulator> m_pAccumulator;
     std::vector<SCandidate> m_candidates;
 };
@@ -67,9 +72,21 @@ bool CWindowScan::EndsRun(const CTrackPoint& start, const CTrackPoint& point) co
     return m_source.Speed(point) < m_event.m_dStopRunSpeed || m_source.Run(point) != m_source.Run(start);
 }
 
+/// The loop meets every fix of a track, once per division. For the accumulators that nearly all divisions use
+/// it is compiled with their `Add` inside.
 void CWindowScan::FindCandidates(CProgress& shown)
 {
-    CWindowAccumulator& accumulator = *m_pAccumulator;
+    if (auto* pTrack = dynamic_cast<CTrackAccumulator*>(m_pAccumulator.get()))
+        Scan(*pTrack, shown);
+    else if (auto* pDoppler = dynamic_cast<CDopplerAccumulator*>(m_pAccumulator.get()))
+        Scan(*pDoppler, shown);
+    else
+        Scan(*m_pAccumulator, shown);
+}
+
+template <class TAccumulator>
+void CWindowScan::Scan(TAccumulator& accumulator, CProgress& shown)
+{
     const bool bRescan = accumulator.NeedsRescan();
     const int nCount = m_points.GetCount();
     int nEnd = 1; // where the window has got to; stays between starts unless the accumulator rescans
@@ -91,7 +108,7 @@ void CWindowScan::FindCandidates(CProgress& shown)
                     break;
                 }
                 if (accumulator.Reached()) {
-                    m_candidates.push_back({accumulator.Speed(), nStart, nEnd});
+                    Keep({accumulator.Speed(), nStart, nEnd});
                     break;
                 }
                 if (++nEnd == nCount) {
@@ -147,6 +164,22 @@ void CWindowScan::Select(CObjectArray<CResult>& results)
         if (nSelected >= nWanted)
             return;
     }
+}
+
+/// Keeps a candidate that may be chosen. Windows of different runs have no points in common; where the fixes
+/// are in order of time they do not overlap in time either, so that only the best of each run can be chosen.
+/// The windows of a run are found one after another.
+void CWindowScan::Keep(const SCandidate& candidate)
+{
+    if (m_bOneCandidatePerRun && !m_candidates.empty()) {
+        SCandidate& last = m_candidates.back();
+        if (m_source.Run(m_points[last.nStart]) == m_source.Run(m_points[candidate.nStart])) {
+            if (IsSlowerCandidate(last, candidate))
+                last = candidate;
+            return;
+        }
+    }
+    m_candidates.push_back(candidate);
 }
 
 /// Brings the accumulator to the state in which it found the candidate.

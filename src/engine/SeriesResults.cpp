@@ -70,6 +70,9 @@ std::unique_ptr<CResult> Combine(const CObjectArray<CResult>& found, int nRuns)
                      [](const CResult* pOne, const CResult* pOther) { return IsSlower(*pOne, *pOther); });
     std::reverse(fastestFirst.begin(), fastestFirst.end());
     fastestFirst.resize(std::min(fastestFirst.size(), static_cast<std::size_t>(nRuns)));
+    // A speed that is not a number would make the whole average none.
+    while (fastestFirst.size() > 1 && std::isnan(fastestFirst.back()->m_dSpeed))
+        fastestFirst.pop_back();
 
     auto pCombined = std::make_unique<CResult>(*fastestFirst.front());
     double dDopplerSquares = 0.0;

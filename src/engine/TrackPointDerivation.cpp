@@ -36,6 +36,7 @@ void ResetStatistics(CSeries& series)
     series.m_bHasDoppler = 0;
     series.m_timeStart = DATE::MakeNull();
     series.m_timeEnd = DATE::MakeNull();
+    series.m_bInTimeOrder = true;
 }
 
 /// Index of the first element of that name without regard to case; -1 when there is none.
@@ -99,6 +100,8 @@ void CStepPass::First(CTrackPoint& point) const
 void CStepPass::Next(const CTrackPoint& previous, CTrackPoint& point, int nIndex)
 {
     Number(point, nIndex);
+    if (point.m_time.m_dDays < previous.m_time.m_dDays)
+        m_series.m_bInTimeOrder = false;
     const double dSeconds = SecondsBetween(previous.m_time, point.m_time);
     if (m_dTimeThreshold <= dSeconds) { // a gap
         point.m_dTotalDistance = m_dTotalDistance;

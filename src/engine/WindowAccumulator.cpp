@@ -21,25 +21,13 @@ double WithAltitude(double dDistance, std::int32_t nFrom, std::int32_t nTo)
 
 } // namespace
 
-CWindowAccumulator::CWindowAccumulator(const CDivision& division, std::uint32_t nInvalidMask)
+CWindowAccumulator::CWindowAccumulator(const CDivision& division, std::uint16_t nInvalidMask)
     : m_dTarget(division.m_nKind == DivisionKind::Distance ? division.m_dMetres * MetresToKilometres
                                                            : division.m_nSeconds - TimeTolerance),
       m_bStrict(division.m_bStrict != 0),
       m_bIsDistance(division.m_nKind == DivisionKind::Distance),
       m_nInvalidMask(nInvalidMask)
 {
-}
-
-bool CWindowAccumulator::Start(const CTrackPoint& point)
-{
-    if (!IsValid(point))
-        return false;
-    m_pFirst = m_pLast = &point;
-    m_dDistance = 0.0;
-    m_dTime = 0.0;
-    m_dSumStepSquares = 0.0;
-    m_dLastStepSquared = 0.0;
-    return true;
 }
 
 CWindowAccumulator::ESkip CWindowAccumulator::Decide(const CTrackPoint& point)
@@ -86,19 +74,11 @@ bool CStraightAltitudeAccumulator::Add(const CTrackPoint& point)
     return true;
 }
 
-bool CTrackAccumulator::Add(const CTrackPoint& point)
+bool CTrackAccumulator::AddStep(const CTrackPoint& point)
 {
     const ESkip decision = Decide(point);
     if (decision != ESkip::Add)
         return decision == ESkip::Skip;
-    if (m_bStrict) {
-        m_dDistance = point.m_dTotalDistance - m_pFirst->m_dTotalDistance;
-        m_dTime = SecondsBetween(m_pFirst->m_time, point.m_time) * DaysPerSecond;
-        m_dSumStepSquares = point.m_dSumStepSquares - m_pFirst->m_dSumStepSquares;
-        const double dStep = point.StepSeconds();
-        m_dLastStepSquared = dStep * dStep;
-        return true;
-    }
     m_dDistance += m_calculator.Distance(m_pLast->m_position, point.m_position);
     const double dSeconds = SecondsBetween(m_pLast->m_time, point.m_time);
     m_dTime += dSeconds * DaysPerSecond;
@@ -124,19 +104,11 @@ bool CTrackAltitudeAccumulator::Add(const CTrackPoint& point)
     return true;
 }
 
-bool CDopplerAccumulator::Add(const CTrackPoint& point)
+bool CDopplerAccumulator::AddStep(const CTrackPoint& point)
 {
     const ESkip decision = Decide(point);
     if (decision != ESkip::Add)
         return decision == ESkip::Skip;
-    if (m_bStrict) {
-        m_dDistance = point.m_dTotalDopplerDistance - m_pFirst->m_dTotalDopplerDistance;
-        m_dTime = SecondsBetween(m_pFirst->m_time, point.m_time) * DaysPerSecond;
-        m_dSumStepSquares = point.m_dSumStepSquares - m_pFirst->m_dSumStepSquares;
-        const double dStep = point.StepSeconds();
-        m_dLastStepSquared = dStep * dStep;
-        return true;
-    }
     const double dSeconds = SecondsBetween(m_pLast->m_time, point.m_time);
     const double dDays = dSeconds * DaysPerSecond;
     m_dDistance += (m_pLast->m_dDoppler + point.m_dDoppler) * dDays * MeanSpeedDaysToKm;

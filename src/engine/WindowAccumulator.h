@@ -22,7 +22,7 @@ namespace kestrabel {
 class CWindowAccumulator
 {
 public:
-    CWindowAccumulator(const CDivision& division, std::uint32_t nInvalidMask);
+    CWindowAccumulator(const CDivision& division, std::uint16_t nInvalidMask);
     virtual ~CWindowAccumulator() = default;
 
     /// True when a window cannot resume from the previous window's end: every new start must then add its
@@ -33,16 +33,47 @@ public:
     /// Extends the window to the point; false refuses it and abandons the window.
     virtual bool Add(const CTrackPoint& point) = 0;
     /// Begins a window at the point; false when it is not valid.
-    bool Start(const CTrackPoint& point);
+    bool Start(const CTrackPoint& point)
+    {
+        if (!IsValid(point))
+            return false;
+        m_pFirst = m_pLast = &point;
+        m_dDistance = 0.0;
+        m_dTime = 0.0;
+        m_dSumStepSquares = 0.0;
+        m_dLastStepSquared = 0.0;
+        return true;
+    }
     /// True when the window is as long as the division asks for.
-    bool Reached() const { return (m_bIsDistance ? m_dDistance : m_dTime * SecondsPerDay) >= m_dTarget; }
+    bool Reached() const { return (m_bIsDistance ? m_dDistance : Time() * SecondsPerDay) >= m_dTarget; }
     /// km/h; 0 for a window without duration.
-    double Speed() const { return m_dTime == 0.0 ? 0.0 : m_dDistance * 3600.0 / (m_dTime * SecondsPerDay); }
+    double Speed() const
+    {
+        const double dTime = Time();
+        return dTime == 0.0 ? 0.0 : m_dDistance * 3600.0 / (dTime * SecondsPerDay);
+    }
 
-    double Distance() const { return m_dDistance; }               ///< km
-    double Time() const { return m_dTime; }                       ///< days
-    double SumStepSquares() const { return m_dSumStepSquares; }   ///< s², of the window's steps
-    double LastStepSquared() const { return m_dLastStepSquared; } ///< s²
+    double Distance() const { return m_dDistance; } ///< km
+
+    // What a window measured from the running totals of the points lasts is worked out when it is asked for:
+    // most windows are only asked whether they have reached the target.
+
+    /// days
+    double Time() const
+    {
+        return m_bFromTotals ? SecondsBetween(m_pFirst->m_time, m_pLast->m_time) * DaysPerSecond : m_dTime;
+    }
+    /// s², over the steps of the window
+    double SumStepSquares() const
+    {
+        return m_bFromTotals ? m_pLast->m_dSumStepSquares - m_pFirst->m_dSumStepSquares : m_dSumStepSquares;
+    }
+    /// s²
+    double LastStepSquared() const
+    {
+        const double dStep = m_bFromTotals ? m_pLast->StepSeconds() : 0.0;
+        return m_bFromTotals ? dStep * dStep : m_dLastStepSquared;
+    }
 
 protected:
     enum class ESkip
@@ -61,6 +92,7 @@ protected:
     double m_dTime = 0.0;
     double m_dTarget;
     bool m_bStrict;
+    bool m_bFromTotals = false; ///< the window is the difference of two points' running totals
     const CTrackPoint* m_pFirst = nullptr;
     const CTrackPoint* m_pLast = nullptr;
     bool m_bIsDistance;
@@ -68,7 +100,7 @@ protected:
     double m_dLastStepSquared = 0.0;
 
 private:
-    std::uint32_t m_nInvalidMask;
+    std::uint16_t m_nInvalidMask;
 };
 
 /// From the first point straight to the last; an invalid point on the way does not matter.
@@ -101,9 +133,22 @@ public:
     explicit CTrackAccumulator(const CDivision& division)
         : CWindowAccumulator(division, InvalidMask::Trackpoint)
     {
+        m_bFromTotals = m_bStrict;
     }
     bool NeedsRescan() const override { return !m_bStrict; }
-    bool Add(const CTrackPoint& point) override;
+    bool Add(const CTrackPoint& point) override
+    {
+        if (!m_bFromTotals)
+            return AddStep(point);
+        if (!IsValid(point))
+            return false;
+        m_dDistance = point.m_dTotalDistance - m_pFirst->m_dTotalDistance;
+        m_pLast = &point;
+        return true;
+    }
+
+private:
+    bool AddStep(const CTrackPoint& point);
 };
 
 /// The path along the track, each step with its change of altitude.
@@ -125,9 +170,22 @@ public:
     explicit CDopplerAccumulator(const CDivision& division)
         : CWindowAccumulator(division, InvalidMask::Doppler)
     {
+        m_bFromTotals = m_bStrict;
     }
     bool NeedsRescan() const override { return !m_bStrict; }
-    bool Add(const CTrackPoint& point) override;
+    bool Add(const CTrackPoint& point) override
+    {
+        if (!m_bFromTotals)
+            return AddStep(point);
+        if (!IsValid(point))
+            return false;
+        m_dDistance = point.m_dTotalDopplerDistance - m_pFirst->m_dTotalDopplerDistance;
+        m_pLast = &point;
+        return true;
+    }
+
+private:
+    bool AddStep(const CTrackPoint& point);
 };
 
 /// The path by Doppler and vertical speed.

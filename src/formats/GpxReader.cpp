@@ -123,19 +123,19 @@ void CGpxHandler::SetValue()
 
 } // namespace
 
-bool ReadGpx(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points)
+EReadEnd ReadGpx(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points)
 {
     CGpxHandler handler(monitor);
     CXmlReader reader;
     if (!reader.Load(strPath, handler)) {
         monitor.NoteIssue(0, reader.Error());
         monitor.Report(StringTableText(EText::XmlLoadFailure), true);
-        return false;
+        return EReadEnd::Failed;
     }
     if (handler.m_bBroken)
         monitor.Report(StringTableText(EText::XmlWalkFailure), false);
     points.TakeAll(handler.m_points);
-    return !handler.m_bBroken;
+    return handler.m_bBroken ? EReadEnd::Failed : EReadEnd::Complete;
 }
 
 } // namespace kestrabel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/ImportMonitor.h"
+#include "formats/ReadEnd.h"
 #include "model/ObjectArray.h"
 #include "model/TrackPoint.h"
 
@@ -19,8 +20,8 @@ namespace kestrabel {
 ///     element ele            metres, truncated   element HDOP           (upper case only)
 ///
 /// A document that is not well-formed, anywhere, gives no point at all, the report "failed to load XML
-/// document" and false. A point without "lat" or "lon" ends reading with the report "Failed to read xml
+/// document" and a failure. A point without "lat" or "lon" ends reading with the report "Failed to read xml
 /// file"; the points before it stay. The parser's own words are kept as an issue.
-bool ReadGpx(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points);
+EReadEnd ReadGpx(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points);
 
 } // namespace kestrabel

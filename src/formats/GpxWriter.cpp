@@ -46,6 +46,12 @@ std::string Escape(std::string_view strText)
                 strEscaped += c;
         }
     }
+    // Nor these two, although they are well-formed UTF-8.
+    for (const std::string_view strNoCharacter : {"\xEF\xBF\xBE", "\xEF\xBF\xBF"}) {
+        for (std::size_t n = strEscaped.find(strNoCharacter); n != std::string::npos;
+             n = strEscaped.find(strNoCharacter, n))
+            strEscaped.erase(n, strNoCharacter.size());
+    }
     return strEscaped;
 }
 

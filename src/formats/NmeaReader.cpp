@@ -165,27 +165,27 @@ void CNmeaAssembler::FinishCurrent()
 
 } // namespace
 
-bool ReadNmea(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points)
+EReadEnd ReadNmea(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points)
 {
     CLineFile file;
     if (!file.OpenForReading(strPath)) {
         ReportOpenFailure(monitor, strPath, file.ErrorText());
-        return false;
+        return EReadEnd::Failed;
     }
     CNmeaAssembler assembler(monitor, points);
     try {
         std::string_view strLine;
         while (file.ReadLine(strLine)) {
             if (monitor.IsAborted() || !assembler.Take(strLine, file.LineNumber()))
-                return false;
+                return EReadEnd::Stopped;
         }
     } catch (const CFileException& exception) {
         monitor.NoteIssue(file.LineNumber(), exception.what());
         monitor.Report(StringTableText(EText::ReadFailure), false);
-        return false;
+        return EReadEnd::Stopped;
     }
     assembler.Finish();
-    return true;
+    return EReadEnd::Complete;
 }
 
 } // namespace kestrabel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/ImportMonitor.h"
+#include "formats/ReadEnd.h"
 #include "model/ObjectArray.h"
 #include "model/TrackPoint.h"
 
@@ -16,8 +17,7 @@ namespace kestrabel {
 /// of GLL, ZDA and VTG.
 ///
 /// A sentence with too few fields asks the monitor whether to go on: OK skips it as if it were not there,
-/// Cancel ends reading. Returns true when the file was read to its end; false when it could not be opened or
-/// reading was cancelled, with the points so far in the array. Throws nothing but bad_alloc.
-bool ReadNmea(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points);
+/// Cancel ends reading. The points read before a stop stay in the array. Throws nothing but bad_alloc.
+EReadEnd ReadNmea(CImportMonitor& monitor, std::string_view strPath, CObjectArray<CTrackPoint>& points);
 
 } // namespace kestrabel

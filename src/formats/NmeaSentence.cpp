@@ -3,7 +3,7 @@
 #include "geo/Angle.h"
 #include "platform/NumberInput.h"
 
-#include <cmath>
+#include <algorithm>
 
 namespace kestrabel {
 
@@ -52,10 +52,11 @@ DATE WithTimeOfDay(SCalendar calendar, std::string_view strTime)
         calendar.nHour = 0; // the date does not change
     calendar.nSecond = TruncateToInt(dSeconds);
     // Cut after the third decimal of the text: 1.001 s is 1 ms although its double × 1000 is
-    // 1000.9999999999999.
+    // 1000.9999999999999. And 56.999999999999 s, cut to 56, is 999 ms and not 0.
     constexpr double dTextDigits = 1e-6;
-    const double dMilliseconds = std::fmod(std::floor(dSeconds * 1000.0 + dTextDigits), 1000.0);
-    return DATE::FromCalendar(calendar).Plus(dMilliseconds * DaysPerMillisecond);
+    const int nMilliseconds =
+        std::min(TruncateToInt((dSeconds - calendar.nSecond) * 1000.0 + dTextDigits), 999);
+    return DATE::FromCalendar(calendar).Plus(nMilliseconds * DaysPerMillisecond);
 }
 
 SCalendar ParseNmeaDate(std::string_view strDate)

@@ -13,9 +13,9 @@ namespace {
 
 constexpr int FewestPoints = 2;
 
-/// Runs a reader or writer. What it throws ends it; what it did so far stays.
-template <class TRun>
-bool Guarded(CImportMonitor& monitor, EText failure, TRun&& run)
+/// Runs a reader or writer. What it throws ends it with `failed`; what it did so far stays.
+template <class TResult, class TRun>
+TResult Guarded(CImportMonitor& monitor, EText failure, TResult failed, TRun&& run)
 {
     try {
         return run();
@@ -26,14 +26,16 @@ bool Guarded(CImportMonitor& monitor, EText failure, TRun&& run)
         monitor.NoteIssue(0, "out of memory");
         monitor.Report(StringTableText(failure), false);
     }
-    return false;
+    return failed;
 }
 
-bool Read(CImportMonitor& monitor, const STrackFormat& format, std::string_view strPath, CSeries& series)
+EReadEnd Read(CImportMonitor& monitor, const STrackFormat& format, std::string_view strPath, CSeries& series)
 {
+    monitor.Init(monitor.Window(), monitor.Context());
     if (format.nSourceKind != 0)
         series.m_cReserved = format.nSourceKind;
-    return Guarded(monitor, EText::ReadFailure, [&] { return format.pRead(monitor, strPath, series); });
+    return Guarded(monitor, EText::ReadFailure, EReadEnd::Stopped,
+                   [&] { return format.pRead(monitor, strPath, series); });
 }
 
 bool Write(CImportMonitor& monitor, const STrackFormat* pFormat, std::string_view strPath,
@@ -48,7 +50,7 @@ bool Write(CImportMonitor& monitor, const STrackFormat* pFormat, std::string_vie
         }
         return false;
     }
-    return Guarded(monitor, EText::WriteFailure,
+    return Guarded(monitor, EText::WriteFailure, false,
                    [&] { return pFormat->pWrite(monitor, strPath, series, points); });
 }
 
@@ -63,13 +65,13 @@ int ImportTrackFile(CImportMonitor& monitor, CSeries& series, EImportEnd& end)
         end = EImportEnd::Unrecognised;
         return 0;
     }
-    const bool bComplete = Read(monitor, *pFormat, series.m_strFileName, series);
+    const EReadEnd readEnd = Read(monitor, *pFormat, series.m_strFileName, series);
     series.m_bModified = 0;
-    if (!bComplete && series.m_points.GetCount() > 0) {
+    if (readEnd == EReadEnd::Stopped) {
         end = EImportEnd::Stopped;
         return series.m_points.GetCount();
     }
-    end = bComplete ? EImportEnd::Complete : EImportEnd::Failed;
+    end = readEnd == EReadEnd::Complete ? EImportEnd::Complete : EImportEnd::Failed;
     if (series.m_points.GetCount() < FewestPoints)
         series.m_points.RemoveAll();
     else
@@ -83,13 +85,14 @@ bool LoadTrackFile(CImportMonitor& monitor, CSeries& series, std::string_view st
     const STrackFormat* pFormat = FormatForReload(strPath);
     if (pFormat == nullptr || pFormat->pRead == nullptr)
         return false;
-    return Read(monitor, *pFormat, strPath, series);
+    return Read(monitor, *pFormat, strPath, series) == EReadEnd::Complete;
 }
 
 bool SaveTrackFile(CImportMonitor& monitor, const CSeries& series)
 {
-    return Write(monitor, FormatForSave(series.m_strFileName, EGpxTest::LastThreeCharacters),
-                 series.m_strFileName, series, series.m_points);
+    // A stored name may have kept its capitals (see StoredFileName), or may have lost those of the file.
+    return Write(monitor, FormatForSave(ToLower(series.m_strFileName), EGpxTest::LastThreeCharacters),
+                 FindFile(series.m_strFileName), series, series.m_points);
 }
 
 bool SavePoints(CImportMonitor& monitor, std::string_view strFileName, const CSeries& series,

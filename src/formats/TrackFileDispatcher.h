@@ -16,6 +16,8 @@ enum class EImportEnd
     Stopped,      ///< the user stopped, or the file could not be read on; the points so far stay
 };
 
+// Both ways of reading begin with a clear abort flag, whatever the monitor was used for before.
+
 /// Reads the file named by `series.m_strFileName` into the series by the format of its name. A series that
 /// then holds fewer than 2 points is emptied, else its date becomes that of its first point; its modified
 /// mark is cleared. After a stop the points so far stay as they are. A name of no format shows " The file
@@ -27,7 +29,8 @@ int ImportTrackFile(CImportMonitor& monitor, CSeries& series, EImportEnd& end);
 /// Returns true when the file was read to its end.
 bool LoadTrackFile(CImportMonitor& monitor, CSeries& series, std::string_view strPath);
 
-/// Writes the series' points to its own file, in the format of its name. False when nothing was written.
+/// Writes the series' points to its own file, in the format of its name, whose case does not matter. False
+/// when nothing was written.
 bool SaveTrackFile(CImportMonitor& monitor, const CSeries& series);
 
 /// Writes points to a file of any name, compared case included; the series tells about the logger. A name

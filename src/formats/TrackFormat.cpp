@@ -11,12 +11,12 @@ namespace kestrabel {
 
 namespace {
 
-bool ReadGpxSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
+EReadEnd ReadGpxSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
 {
     return ReadGpx(monitor, strPath, series.m_points);
 }
 
-bool ReadNmeaSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
+EReadEnd ReadNmeaSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
 {
     return ReadNmea(monitor, strPath, series.m_points);
 }

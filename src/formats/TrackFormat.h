@@ -1,6 +1,7 @@
 #pragma once
 
 #include "formats/ImportMonitor.h"
+#include "formats/ReadEnd.h"
 #include "formats/StringTable.h"
 #include "model/Series.h"
 
@@ -15,8 +16,8 @@ namespace kestrabel {
 /// recognised by its name alone.
 struct STrackFormat
 {
-    /// Appends the file's points to the series. True when the file was read to its end.
-    using Reader = bool (*)(CImportMonitor& monitor, std::string_view strPath, CSeries& series);
+    /// Appends the file's points to the series.
+    using Reader = EReadEnd (*)(CImportMonitor& monitor, std::string_view strPath, CSeries& series);
     /// Writes the points; the series tells about the logger.
     using Writer = bool (*)(CImportMonitor& monitor, std::string_view strPath, const CSeries& series,
                             const CObjectArray<CTrackPoint>& points);

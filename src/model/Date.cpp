@@ -1,8 +1,5 @@
 #include "model/Date.h"
 
-#include "geo/Rounding.h"
-
-#include <array>
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -56,6 +53,13 @@ std::optional<SCalendar> SplitMilliseconds(std::int64_t nTotal)
                      .nMillisecond = Part(1, 1000)};
 }
 
+bool IsDay(const SCalendar& calendar)
+{
+    if (calendar.nYear < FirstYear || calendar.nYear > LastYear || calendar.nMonth < 1 || calendar.nDay < 1)
+        return false;
+    return (std::chrono::year(calendar.nYear) / calendar.nMonth / calendar.nDay).ok();
+}
+
 std::int64_t RoundedMilliseconds(double dDays)
 {
     return std::llround(dDays * MillisecondsPerDay);
@@ -65,19 +69,14 @@ std::int64_t RoundedMilliseconds(double dDays)
 
 DATE DATE::FromCalendar(const SCalendar& calendar)
 {
-    static constexpr std::array<int, 12> daysInMonth = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    if (calendar.nYear < FirstYear || calendar.nYear > LastYear || calendar.nMonth < 1 ||
-        calendar.nMonth > 12)
-        return MakeInvalid();
-    const bool bLeapDay = calendar.nMonth == 2 && std::chrono::year(calendar.nYear).is_leap();
-    const int nDays = daysInMonth[static_cast<std::size_t>(calendar.nMonth - 1)] + (bLeapDay ? 1 : 0);
     const auto IsBelow = [](int nValue, int nLimit) { return nValue >= 0 && nValue < nLimit; };
-    if (calendar.nDay < 1 || calendar.nDay > nDays || !IsBelow(calendar.nHour, 24) ||
-        !IsBelow(calendar.nMinute, 60) || !IsBelow(calendar.nSecond, 60))
+    if (!IsBelow(calendar.nHour, 24) || !IsBelow(calendar.nMinute, 60) || !IsBelow(calendar.nSecond, 60))
         return MakeInvalid();
     const int nSeconds = (calendar.nHour * 60 + calendar.nMinute) * 60 + calendar.nSecond;
-    return DATE(static_cast<double>(DayNumber(calendar.nYear, calendar.nMonth, calendar.nDay)) +
-                static_cast<double>(nSeconds) / SecondsPerDay);
+    const double dTimeOfDay = static_cast<double>(nSeconds) / SecondsPerDay;
+    if (!IsDay(calendar))
+        return {dTimeOfDay, Invalid};
+    return DATE(static_cast<double>(DayNumber(calendar.nYear, calendar.nMonth, calendar.nDay)) + dTimeOfDay);
 }
 
 DATE DATE::Now()
@@ -120,11 +119,6 @@ bool DATE::IsBeforeYear(int nYear) const
     if (!IsValid() || !IsInCalendar(m_dDays))
         return true;
     return RoundedMilliseconds(m_dDays) < DayNumber(nYear, 1, 1) * MillisecondsInDay;
-}
-
-double SecondsBetween(const DATE& from, const DATE& to)
-{
-    return RoundTo((to.m_dDays - from.m_dDays) * SecondsPerDay, 3);
 }
 
 } // namespace kestrabel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "geo/Rounding.h"
+
 #include <cstdint>
 #include <optional>
 
@@ -30,7 +32,7 @@ struct SCalendar
 class DATE
 {
 public:
-    enum EStatus : std::int32_t
+    enum EStatus : std::uint8_t
     {
         Valid = 0,
         Invalid = 1,
@@ -43,8 +45,9 @@ public:
     static DATE MakeInvalid() { return {0.0, Invalid}; }
     static DATE MakeNull() { return {0.0, Null}; }
 
-    /// Fields that name no date or time (month 13, 31 February, second 60) give an invalid value.
-    /// The milliseconds are not read.
+    /// Fields that name no date or time (month 13, 31 February, second 60) give an invalid value. It keeps
+    /// the time of day where that is one, so that two fixes of a logger without a date stay apart. The
+    /// milliseconds are not read.
     static DATE FromCalendar(const SCalendar& calendar);
 
     /// The machine's current local date and time, to the second.
@@ -70,13 +73,16 @@ public:
     bool operator==(const DATE&) const = default;
 
     double m_dDays = 0.0;
-    std::int32_t m_nStatus = Valid;
+    EStatus m_nStatus = Valid;
 
 private:
-    DATE(double dDays, std::int32_t nStatus) : m_dDays(dDays), m_nStatus(nStatus) {}
+    DATE(double dDays, EStatus nStatus) : m_dDays(dDays), m_nStatus(nStatus) {}
 };
 
 /// The time from one value to another in seconds, rounded to milliseconds half away from zero.
-double SecondsBetween(const DATE& from, const DATE& to);
+inline double SecondsBetween(const DATE& from, const DATE& to)
+{
+    return RoundTo((to.m_dDays - from.m_dDays) * SecondsPerDay, 3);
+}
 
 } // namespace kestrabel

@@ -9,7 +9,6 @@ namespace kestrabel {
 
 namespace {
 
-constexpr std::int32_t MaxDecimals = 32;
 constexpr std::size_t MaxLength = 30;
 constexpr double AlwaysTrimmedBelow = 0.1;
 
@@ -53,15 +52,18 @@ std::string FormatNumber(double dValue, std::int32_t nDecimals, bool bTrim)
         Trim(strDigits);
     if (strDigits.starts_with("0."))
         strDigits.erase(0, 1);
-    std::string strText = bNegative ? "-" + strDigits : strDigits;
-    if (strText.size() > MaxLength)
-        strText.resize(MaxLength);
-    return strText;
+    if (bNegative)
+        strDigits.insert(strDigits.begin(), '-');
+    if (strDigits.size() > MaxLength)
+        strDigits.resize(MaxLength);
+    return strDigits;
 }
 
 std::string FormatSigned(double dValue, std::int32_t nDecimals)
 {
-    return (dValue < 0.0 ? "-" : "+") + FormatFixed(std::abs(dValue), nDecimals, false);
+    std::string strText = FormatFixed(std::abs(dValue), nDecimals, false);
+    strText.insert(strText.begin(), dValue < 0.0 && strText != "0" ? '-' : '+');
+    return strText;
 }
 
 std::string FormatPadded(double dValue, std::int32_t nWidth, std::int32_t nDecimals)

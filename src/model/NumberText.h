@@ -5,6 +5,9 @@
 
 namespace kestrabel {
 
+/// Formatters write no more decimals than this.
+inline constexpr std::int32_t MaxDecimals = 32;
+
 /// A number as text, the one form for grids, dialogs, exports and reports: fixed point, rounded to the given
 /// number of decimals by the exact value (halves, which only binary fractions can be, to even).
 ///
@@ -20,7 +23,7 @@ inline std::string FormatFixed(double dValue, std::int32_t nDecimals, bool bTrim
     return FormatNumber(dValue, nDecimals, bTrim);
 }
 
-/// A sign character ("+" for 0 and above) and the magnitude by `FormatFixed` without trimming: a latitude or
+/// A sign character ("+" for what is 0 when rounded, and above) and the magnitude by `FormatFixed` without trimming: a latitude or
 /// longitude in a track file.
 std::string FormatSigned(double dValue, std::int32_t nDecimals);
 

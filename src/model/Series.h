@@ -73,6 +73,9 @@ public:
 
     std::int32_t m_nSeriesIndex = -1; ///< within its competitor; -1 until the derivation looks it up
     std::int32_t m_nPersonIndex = -1; ///< of its competitor within the event; -1 until looked up
+
+    /// No fix is earlier than the one before it. Set by the derivation, not stored; false until then.
+    bool m_bInTimeOrder = false;
 };
 
 } // namespace kestrabel

@@ -1,20 +1,39 @@
 #include "model/TrackPoint.h"
 
-#include "geo/Rounding.h"
+#include "platform/BlockPool.h"
 
 #include <array>
 #include <utility>
 
 namespace kestrabel {
 
-static_assert(sizeof(CTrackPoint) <= 200, "a million fixes have to fit in 256 bytes each, malloc included");
+static_assert(sizeof(CTrackPoint) == 192, "three cache lines");
 
 constinit const CClassRecord CTrackPoint::Class = {
     "CTrackPoint", 10, []() -> std::unique_ptr<CPersistent> { return std::make_unique<CTrackPoint>(); }};
 
-double CTrackPoint::StepSeconds() const
+namespace {
+
+/// Never destroyed, since points may be among the last things to go. It holds memory, no values.
+CBlockPool& PointPool()
 {
-    return RoundTo(m_dDeltaTime * SecondsPerDay, 3);
+    static CBlockPool& pool = *new CBlockPool(sizeof(CTrackPoint));
+    return pool;
+}
+
+} // namespace
+
+void* CTrackPoint::operator new(std::size_t nSize)
+{
+    return nSize == sizeof(CTrackPoint) ? PointPool().Allocate() : ::operator new(nSize);
+}
+
+void CTrackPoint::operator delete(void* pPoint, std::size_t nSize) noexcept
+{
+    if (nSize == sizeof(CTrackPoint))
+        PointPool().Free(pPoint);
+    else
+        ::operator delete(pPoint);
 }
 
 void CTrackPoint::ClearDerived()
@@ -35,9 +54,9 @@ void CTrackPoint::ClearDerived()
     m_nSeriesIndex = 0;
 }
 
-std::string InvalidLetters(std::uint32_t nFlags)
+std::string InvalidLetters(std::uint16_t nFlags)
 {
-    static constexpr std::array<std::pair<std::uint32_t, char>, 7> letters = {{
+    static constexpr std::array<std::pair<std::uint16_t, char>, 7> letters = {{
         {InvalidFlag::DopplerSpike, 'D'},
         {InvalidFlag::SpeedSpike, 'S'},
         {InvalidFlag::Time, 'T'},

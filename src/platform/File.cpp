@@ -2,6 +2,7 @@
 
 #include "platform/Path.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -36,6 +37,35 @@ void SyncFolder(const std::string& strFile)
     ::close(nFolder);
 }
 
+bool Exists(const std::string& strPath)
+{
+    std::error_code error;
+    return std::filesystem::exists(strPath, error);
+}
+
+/// The path to open for writing: exactly that name, since another one, if only by its case, was not chosen; in
+/// the folder as `FindFile` finds it. Without that "Data\\new.gpx" would become a file of that very name beside
+/// the folder.
+std::string TargetOf(const std::string& strPath)
+{
+    if (Exists(strPath))
+        return strPath;
+    const std::string strFolder = FolderOf(strPath);
+    std::string strFoundFolder = FindFile(strFolder);
+    if (!Exists(strFoundFolder))
+        std::replace(strFoundFolder.begin(), strFoundFolder.end(), '\\', '/');
+    return strFoundFolder + strPath.substr(strFolder.size());
+}
+
+/// The system has one code for a missing file and a missing folder; the causes tell them apart.
+EFileCause CauseOfOpen(int nError, const std::string& strPath)
+{
+    const std::string strFolder = FolderOf(strPath);
+    if (nError == ENOENT && !strFolder.empty() && !Exists(FindFile(strFolder)))
+        return EFileCause::BadPath;
+    return FileCauseFromErrno(nError);
+}
+
 } // namespace
 
 CFile::~CFile()
@@ -48,16 +78,16 @@ EFileCause CFile::Open(std::string_view strPath, EMode mode)
     Close();
     m_strPath = strPath;
     m_nPosition = 0;
-    if (m_strPath.find('\0') != std::string::npos)
+    if (m_strPath.empty() || m_strPath.find('\0') != std::string::npos)
         return EFileCause::BadPath;
-    m_strTarget = FindFile(m_strPath);
+    m_strTarget = mode == EMode::Read ? FindFile(m_strPath) : TargetOf(m_strPath);
     if (mode == EMode::Replace)
         return OpenReplacement();
 
     const int nFlags = mode == EMode::Read ? O_RDONLY : O_WRONLY | O_CREAT | O_TRUNC;
     m_nHandle = ::open(m_strTarget.c_str(), nFlags | O_CLOEXEC, NewFileMode);
     if (m_nHandle < 0)
-        return FileCauseFromErrno(errno);
+        return CauseOfOpen(errno, m_strPath);
 
     struct stat status = {};
     if (::fstat(m_nHandle, &status) == 0 && S_ISDIR(status.st_mode)) {
@@ -75,13 +105,15 @@ EFileCause CFile::OpenReplacement()
         if (!S_ISREG(status.st_mode))
             return EFileCause::AccessDenied;
         // A read-only file is refused although renaming over it would work: the user protected it.
-        if (::access(m_strTarget.c_str(), W_OK) != 0)
+        if (::faccessat(AT_FDCWD, m_strTarget.c_str(), W_OK, AT_EACCESS) != 0)
             return FileCauseFromErrno(errno);
         // Behind a link the file itself is replaced, not the link.
         std::error_code error;
         const std::filesystem::path real = std::filesystem::canonical(m_strTarget, error);
         if (!error)
             m_strTarget = real.string();
+    } else if (errno != ENOENT) {
+        return FileCauseFromErrno(errno); // a name too long, a folder that may not be entered
     }
     // The name does not grow with the target's, which may already be as long as the system allows.
     const std::filesystem::path folder = std::filesystem::path(m_strTarget).parent_path();
@@ -89,7 +121,7 @@ EFileCause CFile::OpenReplacement()
     m_nHandle = ::mkostemp(m_strTemporary.data(), O_CLOEXEC);
     if (m_nHandle < 0) {
         m_strTemporary.clear();
-        return FileCauseFromErrno(errno);
+        return CauseOfOpen(errno, m_strPath);
     }
     ::fchmod(m_nHandle, bExists ? status.st_mode & 07777U : NewFileMode & ~CurrentUmask());
     return EFileCause::None;
@@ -130,9 +162,7 @@ void CFile::Flush()
         if (nBytes < 0 && errno == EINTR)
             continue;
         if (nBytes <= 0) {
-            const EFileCause cause = nBytes < 0 ? FileCauseFromErrno(errno) : EFileCause::DiskFull;
-            m_writeBuffer.clear();
-            throw CFileException(cause, m_strPath);
+            Fail(nBytes < 0 ? FileCauseFromErrno(errno) : EFileCause::DiskFull);
         }
         nWritten += static_cast<std::size_t>(nBytes);
     }
@@ -158,23 +188,24 @@ void CFile::Commit()
 {
     Flush();
     if (!m_strTemporary.empty() && ::fsync(m_nHandle) != 0)
-        throw CFileException(FileCauseFromErrno(errno), m_strPath);
+        Fail(FileCauseFromErrno(errno));
     // Network file systems report a full disk only here.
     const int nHandle = std::exchange(m_nHandle, -1);
-    if (::close(nHandle) != 0) {
-        const EFileCause cause = FileCauseFromErrno(errno);
-        Close();
-        throw CFileException(cause, m_strPath);
-    }
+    if (::close(nHandle) != 0)
+        Fail(FileCauseFromErrno(errno));
     if (m_strTemporary.empty())
         return;
-    if (::rename(m_strTemporary.c_str(), m_strTarget.c_str()) != 0) {
-        const EFileCause cause = FileCauseFromErrno(errno);
-        Close();
-        throw CFileException(cause, m_strPath);
-    }
+    if (::rename(m_strTemporary.c_str(), m_strTarget.c_str()) != 0)
+        Fail(FileCauseFromErrno(errno));
     m_strTemporary.clear();
     SyncFolder(m_strTarget);
+}
+
+/// Once bytes are lost no later write or commit may succeed: a cut file must never take the old one's place.
+void CFile::Fail(EFileCause cause)
+{
+    Close();
+    throw CFileException(cause, m_strPath);
 }
 
 void CFile::Close()

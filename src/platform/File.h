@@ -36,8 +36,9 @@ public:
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
-    /// Opens `strPath`, closing what was open before. A name that does not exist is looked for without
-    /// regard to case (see `FindFile`). Returns EFileCause::None on success.
+    /// Opens `strPath`, closing what was open before. A file to read is looked for without regard to case when
+    /// the name does not exist (see `FindFile`); of a file to write only the folder is. Returns
+    /// EFileCause::None on success.
     EFileCause Open(std::string_view strPath, EMode mode);
 
     bool IsOpen() const { return m_nHandle >= 0; }
@@ -63,6 +64,7 @@ public:
 
 private:
     void Flush();
+    [[noreturn]] void Fail(EFileCause cause);
     EFileCause OpenReplacement();
 
     std::string m_strPath;

@@ -28,7 +28,7 @@ bool TakeInteger(std::string_view& strText, std::int32_t& nValue);
 /// when the text does not begin with a number.
 bool TakeDecimal(std::string_view& strText, double& dValue);
 
-/// True when the whole text, blanks around it aside, is one finite decimal number.
+/// True when the whole text, blanks around it aside, is one decimal number that fits a double.
 bool IsDecimal(std::string_view strText, double& dValue);
 
 /// `dValue` without its fraction, limited to 32 bits; 0 for not-a-number.

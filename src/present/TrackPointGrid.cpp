@@ -5,6 +5,7 @@
 #include "model/SpeedUnits.h"
 #include "model/TimeText.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -54,8 +55,8 @@ struct SPointCells
     DATE ShownTime() const { return ShiftToTimezone(point.m_time, event.m_dTimezone); }
     std::string Seconds() const
     {
-        return FormatPadded(SecondsBetween(pPrevious->m_time, point.m_time), event.m_nTimePrecision + 2,
-                            event.m_nTimePrecision);
+        const std::int32_t nDecimals = std::clamp(event.m_nTimePrecision, 0, MaxDecimals);
+        return FormatPadded(SecondsBetween(pPrevious->m_time, point.m_time), nDecimals + 2, nDecimals);
     }
 
     std::string Cell(EPointColumn column) const

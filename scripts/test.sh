@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Builds everything, installing what that takes, and runs all tests: once with assertions, once more under the
+# address and undefined-behaviour sanitizers.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+source scripts/build-packages.sh
+bash scripts/packages.sh "${build_packages[@]}" libgtest-dev libgmock-dev locales
+
+export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1
+for preset in dev asan; do
+  [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" > /dev/null
+  cmake --build --preset "$preset"
+  ctest --preset "$preset" --parallel "$(nproc)"
+done

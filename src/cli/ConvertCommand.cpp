@@ -1,0 +1,71 @@
+#include "cli/ConvertCommand.h"
+
+#include "formats/TrackFormat.h"
+#include "platform/Path.h"
+
+#include <string>
+
+namespace kestrabel {
+
+namespace {
+
+constexpr std::string_view NmeaRefused = "Cannot save to NMEA format. Please select a different format";
+constexpr std::string_view SirfRefused =
+    "Cannot save to SIRF binary format. Please select a different format";
+constexpr std::string_view UnknownRefused = "Unknown file extension. Please use a standard gpx or trk "
+                                            "extension to determine the format to save";
+
+/// Why no file with that extension (lower case, dot included) can be written; empty when one can.
+std::string_view RefusalOf(std::string_view strExtension, const STrackFormat* pFormat)
+{
+    if (strExtension == ".nmea" || strExtension == ".txt")
+        return NmeaRefused;
+    if (strExtension == ".sbn")
+        return SirfRefused;
+    return pFormat == nullptr || pFormat->pWrite == nullptr ? UnknownRefused : std::string_view();
+}
+
+/// Why the write failed, without the file's name.
+std::string WriteFailure(const CImportMonitor& monitor, CTerminalPrompt& prompt)
+{
+    const std::string strShown = prompt.TakeShown();
+    if (!strShown.empty())
+        return strShown;
+    std::string strText = monitor.Message();
+    if (!monitor.Issues().empty())
+        strText += " (" + monitor.Issues().back().strReason + ")";
+    return strText;
+}
+
+} // namespace
+
+EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutput, CImportReport& report,
+                             CMessages& messages)
+{
+    // The extension alone: a folder called "my.gpx" decides nothing.
+    const std::string strExtension = ToLower(FileExtension(strOutput));
+    const STrackFormat* pFormat = FormatForSave(strExtension, EGpxTest::ExtensionAnywhere);
+    const std::string_view strRefusal = RefusalOf(strExtension, pFormat);
+    if (!strRefusal.empty()) {
+        messages.About(strOutput, strRefusal);
+        return EExitStatus::Failed;
+    }
+
+    CSeries series;
+    series.m_strName = FileTitle(strInput);
+    series.m_strFileName = StoredFileName(strInput);
+    CImportMonitor readMonitor(&report.Prompt());
+    EImportEnd end = EImportEnd::Complete;
+    const int nPoints = ImportTrackFile(readMonitor, series, end);
+    report.FileEnded(strInput, readMonitor, end, nPoints);
+    if (nPoints == 0)
+        return report.Status();
+
+    CImportMonitor writeMonitor(&report.Prompt());
+    if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points))
+        return report.Status();
+    messages.About(strOutput, WriteFailure(writeMonitor, report.Prompt()));
+    return Worse(EExitStatus::Failed, report.Status());
+}
+
+} // namespace kestrabel
