@@ -1,0 +1,19 @@
+// Reads one track file into points and does nothing else, for comparison with other programs' readers.
+
+#include "formats/TrackFileDispatcher.h"
+
+#include <iostream>
+
+int main(int nArguments, char** pArguments)
+{
+    if (nArguments != 2) {
+        std::cerr << "usage: kestrabel-read FILE\n";
+        return 2;
+    }
+    kestrabel::CSeries series;
+    series.m_strFileName = pArguments[1];
+    kestrabel::CImportMonitor monitor;
+    kestrabel::EImportEnd end = kestrabel::EImportEnd::Failed;
+    std::cout << kestrabel::ImportTrackFile(monitor, series, end) << " points\n";
+    return end == kestrabel::EImportEnd::Complete ? 0 : 3;
+}
