@@ -57,8 +57,8 @@ for format in gpx nmea; do
   gpsbabel -t -i gpx -f "$session.gpx" -o "$format" -F "$data/peer.$format"
 done
 echo "GPX:  $("$programs/compare-tracks" "$session.gpx" "$data/peer.gpx" 1e-8)"
-# It writes minutes with four decimals.
-echo "NMEA: $("$programs/compare-tracks" "$session.gpx" "$data/peer.nmea" 1e-6)"
+# It writes minutes with three decimals.
+echo "NMEA: $("$programs/compare-tracks" "$session.gpx" "$data/peer.nmea" 1e-5)"
 
 echo
 echo "## Accuracy of distances and azimuths"

@@ -32,7 +32,7 @@ CResult& BestOfSeries(const CEvent& event, const CPerson& person, const CDivisio
 bool CompetitorDivisionResults(const CEvent& event, const CPerson& person, int nSeries,
                                const CDivision& division, CResultList& results, CProgressDisplay& progress)
 {
-    if (!person.TakesPartIn(division.m_strName))
+    if (!person.TakesPartIn(division.m_strName) || nSeries >= person.m_series.GetCount())
         return false;
     CResultList found;
     const int nFirst = nSeries == -1 ? 0 : nSeries;
@@ -99,7 +99,7 @@ void DivisionLeaderboard(const CEvent& event, const CObjectArray<CPerson>& perso
 bool CompetitorBestResult(const CEvent& event, const CPerson& person, const CDivision& division, int nSeries,
                           CResultList& results, CProgressDisplay& progress)
 {
-    if (nSeries == -1 || !person.TakesPartIn(division.m_strName))
+    if (nSeries == -1 || nSeries >= person.m_series.GetCount() || !person.TakesPartIn(division.m_strName))
         return false;
     CResult& best = BestOfSeries(event, person, division, nSeries, results, progress);
     best.m_strCompetitor = person.m_strName;

@@ -45,7 +45,17 @@ public:
         return true;
     }
     /// True when the window is as long as the division asks for.
-    bool Reached() const { return (m_bIsDistance ? m_dDistance : Time() * SecondsPerDay) >= m_dTarget; }
+    bool Reached() const
+    {
+        if (m_bIsDistance)
+            return m_dDistance >= m_dTarget;
+        // Most windows are far too short, and told so without rounding.
+        constexpr double dRoundsAtMost = 0.01; // seconds
+        if (m_bFromTotals &&
+            (m_pLast->m_time.m_dDays - m_pFirst->m_time.m_dDays) * SecondsPerDay < m_dTarget - dRoundsAtMost)
+            return false;
+        return Time() * SecondsPerDay >= m_dTarget;
+    }
     /// km/h; 0 for a window without duration.
     double Speed() const
     {

@@ -68,8 +68,9 @@ struct CDistanceCalculator::SPair
 
 namespace {
 
-/// cos(asin(x)) to within a unit in the last place and in a fifth of the time. The cosine of the double next to
-/// π/2 is kept for ±1: a line along the equator divides by its square. Beyond ±1 it is not a number, as there.
+/// cos(asin(x)) to within a unit in the last place and in a fifth of the time. The cosine of the double next
+/// to π/2 is kept for ±1: a line along the equator divides by its square. Beyond ±1 it is not a number, as
+/// there.
 double CosOfArcSine(double x)
 {
     constexpr double dCosOfHalfPi = 6.123233995736766e-17;

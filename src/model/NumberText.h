@@ -23,8 +23,8 @@ inline std::string FormatFixed(double dValue, std::int32_t nDecimals, bool bTrim
     return FormatNumber(dValue, nDecimals, bTrim);
 }
 
-/// A sign character ("+" for what is 0 when rounded, and above) and the magnitude by `FormatFixed` without trimming: a latitude or
-/// longitude in a track file.
+/// A sign character ("+" for what is 0 when rounded, and above) and the magnitude by `FormatFixed` without
+/// trimming: a latitude or longitude in a track file.
 std::string FormatSigned(double dValue, std::int32_t nDecimals);
 
 /// Fixed point with the given number of decimals (0 to 32) and leading zeros up to a width: a duration in a

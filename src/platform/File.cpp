@@ -43,9 +43,9 @@ bool Exists(const std::string& strPath)
     return std::filesystem::exists(strPath, error);
 }
 
-/// The path to open for writing: exactly that name, since another one, if only by its case, was not chosen; in
-/// the folder as `FindFile` finds it. Without that "Data\\new.gpx" would become a file of that very name beside
-/// the folder.
+/// The path to open for writing: exactly that name, since another one, if only by its case, was not chosen;
+/// in the folder as `FindFile` finds it. Without that "Data\\new.gpx" would become a file of that very name
+/// beside the folder.
 std::string TargetOf(const std::string& strPath)
 {
     if (Exists(strPath))
@@ -123,6 +123,9 @@ EFileCause CFile::OpenReplacement()
         m_strTemporary.clear();
         return CauseOfOpen(errno, m_strPath);
     }
+    // A file shared by a group stays so where the user may give it to the group.
+    if (bExists && ::fchown(m_nHandle, static_cast<uid_t>(-1), status.st_gid) != 0)
+        status.st_mode &= ~static_cast<mode_t>(S_ISGID);
     ::fchmod(m_nHandle, bExists ? status.st_mode & 07777U : NewFileMode & ~CurrentUmask());
     return EFileCause::None;
 }

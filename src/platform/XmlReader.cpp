@@ -7,6 +7,7 @@
 #include <exception>
 #include <expat.h>
 #include <memory>
+#include <new>
 #include <type_traits>
 
 namespace kestrabel {
@@ -124,23 +125,24 @@ bool CXmlReader::Load(std::string_view strPath, CXmlHandler& handler)
     XML_SetEntityDeclHandler(parser.get(), OnEntity);
     XML_SetUnknownEncodingHandler(parser.get(), OnUnknownEncoding, nullptr);
 
-    try {
-        bool bLast = false;
-        while (!bLast) {
-            char* pBuffer = static_cast<char*>(XML_GetBuffer(parser.get(), ChunkSize));
-            if (pBuffer == nullptr)
-                throw std::bad_alloc();
-            const std::size_t nRead = file.Read({pBuffer, static_cast<std::size_t>(ChunkSize)});
-            bLast = nRead < static_cast<std::size_t>(ChunkSize);
-            if (XML_ParseBuffer(parser.get(), static_cast<int>(nRead), bLast ? 1 : 0) == XML_STATUS_OK)
-                continue;
-            if (load.exception)
-                std::rethrow_exception(load.exception);
-            m_strError = DescribeError(load);
+    bool bLast = false;
+    while (!bLast) {
+        char* pBuffer = static_cast<char*>(XML_GetBuffer(parser.get(), ChunkSize));
+        if (pBuffer == nullptr)
+            throw std::bad_alloc();
+        std::size_t nRead = 0;
+        try {
+            nRead = file.Read({pBuffer, static_cast<std::size_t>(ChunkSize)});
+        } catch (const CFileException& exception) {
+            m_strError = FileCauseText(exception.Cause());
             return false;
         }
-    } catch (const CFileException& exception) {
-        m_strError = FileCauseText(exception.Cause());
+        bLast = nRead < static_cast<std::size_t>(ChunkSize);
+        if (XML_ParseBuffer(parser.get(), static_cast<int>(nRead), bLast ? 1 : 0) == XML_STATUS_OK)
+            continue;
+        if (load.exception)
+            std::rethrow_exception(load.exception);
+        m_strError = DescribeError(load);
         return false;
     }
     return true;

@@ -7,8 +7,8 @@
 
 namespace kestrabel::test {
 
-/// Two positions a few millimetres apart whose distance is not a number: there are such pairs, about one in a
-/// hundred and fifty, where rounding lifts the cosine of their angle above 1.
+/// Two positions a few millimetres apart whose distance is not a number: there are such pairs,
+/// where rounding lifts the cosine of their angle above 1.
 inline std::pair<CPosition, CPosition> FindLostPair()
 {
     CDistanceCalculator calculator;
