@@ -17,6 +17,8 @@ namespace kestrabel {
 
 namespace {
 
+constexpr int PointsAhead = 32; // fetched early: some three hundred nanoseconds of scanning
+
 /// A window that reached the target. A long track has hundreds of thousands of them and only a handful is
 /// chosen, so no more is kept than the choice needs.
 struct SCandidate
@@ -97,6 +99,7 @@ void CWindowScan::Scan(TAccumulator& accumulator, CProgress& shown)
         if (accumulator.Start(start)) {
             nEnd = bRescan ? nStart + 1 : std::max(nEnd, nStart + 1);
             while (nEnd < nCount) {
+                m_points.Prefetch(nEnd + PointsAhead);
                 const CTrackPoint& point = m_points[nEnd];
                 if (m_bOneResultPerRun && EndsRun(start, point)) {
                     nNextStart = nEnd + 1;
