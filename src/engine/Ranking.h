@@ -6,10 +6,10 @@
 
 namespace kestrabel {
 
-// Four views of the results of an event. A competitor takes part in a division when its name, case included, is
-// in the competitor's list; for one who does not, or has no track file of the given index, every view is empty.
-// Lists are in result order, the fastest last, and ranks count from the fastest. The results belong to the track
-// files' records, whose rank and names the view that was asked last has written.
+// Four views of the results of an event. A competitor takes part in a division when its name, case included,
+// is in the competitor's list; for one who does not, or has no track file of the given index, every view is
+// empty. Lists are in result order, the fastest last, and ranks count from the fastest. The results belong to
+// the track files' records, whose rank and names the view that was asked last has written.
 
 /// The results of one competitor in a division, of one track file (`nSeries`) or all (-1), without those that
 /// overlap a faster one in time: two loggers on one board give one result. Stops at the larger of "Show top n

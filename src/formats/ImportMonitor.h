@@ -39,8 +39,8 @@ public:
     /// Shows the last message in a box on the window.
     virtual void ShowMessage();
 
-    /// Asks whether to go on after a line that cannot be read; true for OK. The line becomes an issue either way:
-    /// one that was skipped, or the one at which reading stopped.
+    /// Asks whether to go on after a line that cannot be read; true for OK. The line becomes an issue either
+    /// way: one that was skipped, or the one at which reading stopped.
     virtual bool AskToContinue(std::int64_t nLine, std::string_view strReason);
 
     /// Records what was skipped, or the detail behind a report.

@@ -36,8 +36,8 @@ public:
     CFile(const CFile&) = delete;
     CFile& operator=(const CFile&) = delete;
 
-    /// Opens `strPath`, closing what was open before. A file to read is looked for without regard to case when
-    /// the name does not exist (see `FindFile`); of a file to write only the folder is. Returns
+    /// Opens `strPath`, closing what was open before. A file to read is looked for without regard to case
+    /// when the name does not exist (see `FindFile`); of a file to write only the folder is. Returns
     /// EFileCause::None on success.
     EFileCause Open(std::string_view strPath, EMode mode);
 

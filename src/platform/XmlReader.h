@@ -31,10 +31,10 @@ public:
     virtual void Text(std::string_view strText) = 0;
 };
 
-/// Reads XML files as a stream, a quarter of a megabyte in memory at a time. Names are given as written, prefix
-/// included. UTF-8, UTF-16, ISO-8859-1 and Windows-1252 documents are understood. A DOCTYPE is tolerated and
-/// nothing that it names is ever fetched; an entity declaration ends the load, since nothing but attacks uses
-/// one in a track file.
+/// Reads XML files as a stream, a quarter of a megabyte in memory at a time. Names are given as written,
+/// prefix included. UTF-8, UTF-16, ISO-8859-1 and Windows-1252 documents are understood. A DOCTYPE is
+/// tolerated and nothing that it names is ever fetched; an entity declaration ends the load, since nothing
+/// but attacks uses one in a track file.
 class CXmlReader
 {
 public:
