@@ -14,6 +14,10 @@ namespace {
 
 constexpr std::size_t NavigationLength = 91;
 constexpr std::size_t NavigationLengthWithSecondSpeed = 95;
+constexpr int ValidFix = 0; ///< navigation valid
+constexpr int NoFix = 1;
+constexpr int NoFixType = 0; ///< navigation type
+constexpr int FourOrMoreSatellites = 4;
 constexpr double KmhToCentimetres = 1.0 / 0.036; ///< per second
 constexpr double RadiansToHundredths = 5729.5779513082325;
 
@@ -52,6 +56,8 @@ std::string SirfNavigation(const CTrackPoint& point)
     const bool bFix = point.HasPosition();
     std::string payload(bFix ? NavigationLengthWithSecondSpeed : NavigationLength, '\0');
     Put<std::uint8_t>(payload, 0, SirfId::GeodeticNavigation);
+    Put<std::uint16_t>(payload, 1, bFix ? ValidFix : NoFix);
+    Put<std::uint16_t>(payload, 3, bFix ? FourOrMoreSatellites : NoFixType);
     Put<std::uint16_t>(payload, 11, calendar.nYear);
     Put<std::uint8_t>(payload, 13, calendar.nMonth);
     Put<std::uint8_t>(payload, 14, calendar.nDay);
