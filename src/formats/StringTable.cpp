@@ -14,6 +14,11 @@ std::string_view StringTableText(EText text)
     case EText::WriteFailure: return "Failed to write file";
     case EText::XmlLoadFailure: return "failed to load XML document";
     case EText::XmlWalkFailure: return "Failed to read xml file";
+    case EText::NoSirfMessage: return "Failed to read header from file";
+    case EText::NoBinaryLogRecord: return "Failed to read point from file";
+    case EText::BadPcx5Line: return "Invalid PCX5 format found";
+    case EText::BadTrackLine: return "Invalid format found";
+    case EText::TrackMarksFailure: return "Failed to write track marks";
     }
     return {};
 }

@@ -16,6 +16,11 @@ enum class EText : int
     WriteFailure,
     XmlLoadFailure,
     XmlWalkFailure,
+    NoSirfMessage,
+    NoBinaryLogRecord,
+    BadPcx5Line,
+    BadTrackLine,
+    TrackMarksFailure,
 };
 
 /// The text of that number; empty for a number that has none.

@@ -1,8 +1,15 @@
 #include "formats/TrackFormat.h"
 
+#include "formats/BinaryLogReader.h"
+#include "formats/BinaryLogWriter.h"
+#include "formats/GardownReader.h"
 #include "formats/GpxReader.h"
 #include "formats/GpxWriter.h"
 #include "formats/NmeaReader.h"
+#include "formats/Pcx5Reader.h"
+#include "formats/Pcx5Writer.h"
+#include "formats/SirfReader.h"
+#include "formats/TrackMarksWriter.h"
 #include "platform/Path.h"
 
 #include <algorithm>
@@ -11,28 +18,55 @@ namespace kestrabel {
 
 namespace {
 
-EReadEnd ReadGpxSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
+using CPoints = CObjectArray<CTrackPoint>;
+
+/// A reader that fills points alone as one of a track file.
+template <EReadEnd (*pRead)(CImportMonitor&, std::string_view, CPoints&)>
+EReadEnd ReadPoints(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
 {
-    return ReadGpx(monitor, strPath, series.m_points);
+    return pRead(monitor, strPath, series.m_points);
 }
 
-EReadEnd ReadNmeaSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
+/// A reader that also learns about the logger.
+template <EReadEnd (*pRead)(CImportMonitor&, std::string_view, CSeries&, CPoints&)>
+EReadEnd ReadSeries(CImportMonitor& monitor, std::string_view strPath, CSeries& series)
 {
-    return ReadNmea(monitor, strPath, series.m_points);
+    return pRead(monitor, strPath, series, series.m_points);
 }
 
-bool WriteGpxSeries(CImportMonitor& monitor, std::string_view strPath, const CSeries& /*series*/,
-                    const CObjectArray<CTrackPoint>& points)
+template <bool (*pWrite)(CImportMonitor&, std::string_view, const CPoints&)>
+bool WritePoints(CImportMonitor& monitor, std::string_view strPath, const CSeries& /*series*/,
+                 const CPoints& points)
 {
-    return WriteGpx(monitor, strPath, points);
+    return pWrite(monitor, strPath, points);
+}
+
+bool WriteBinaryLogSeries(CImportMonitor& monitor, std::string_view strPath, const CSeries& series,
+                          const CPoints& points)
+{
+    return WriteBinaryLog(monitor, series, strPath, points);
 }
 
 constexpr std::string_view GpxName = "GPX";
 constexpr std::string_view GpxEnd = "gpx";
 
-constexpr std::array<STrackFormat, 2> Formats = {{
-    {GpxName, {".gpx"}, 0, ReadGpxSeries, WriteGpxSeries, EText::None},
-    {"NMEA", {".txt", ".nmea"}, SourceKind::Nmea, ReadNmeaSeries, nullptr, EText::CannotSaveNmea},
+constexpr std::array<STrackFormat, 6> Formats = {{
+    {GpxName, {".gpx"}, 0, ReadPoints<ReadGpx>, WritePoints<WriteGpx>, EText::None},
+    {"Gardown",
+     {".gtr", ".gd", ".gdm"},
+     0,
+     ReadPoints<ReadGardown>,
+     WritePoints<WriteTrackMarks>,
+     EText::None},
+    {"PCX5", {".trk"}, 0, ReadPoints<ReadPcx5>, WritePoints<WritePcx5>, EText::None},
+    {"NMEA", {".txt", ".nmea"}, SourceKind::Nmea, ReadPoints<ReadNmea>, nullptr, EText::CannotSaveNmea},
+    {"SiRF stream", {".sbn"}, SourceKind::SirfStream, ReadSeries<ReadSirf>, nullptr, EText::None},
+    {"binary log",
+     {".bin", ".sbp"},
+     SourceKind::BinaryLog,
+     ReadSeries<ReadBinaryLog>,
+     WriteBinaryLogSeries,
+     EText::None},
 }};
 
 /// A save tests only these of a format's extensions; a name with another one is unknown to it.
@@ -51,7 +85,7 @@ bool Contains(std::string_view strText, std::string_view strPart)
     return strText.find(strPart) != std::string_view::npos;
 }
 
-/// The first format that is GPX by `bGpx` or has an extension for which `isMatch` is true.
+/// The first format that is GPX by `bGpx` or has an extension for which `isMatch(format, extension)` is true.
 template <class TPredicate>
 const STrackFormat* FindFormat(bool bGpx, TPredicate&& isMatch)
 {
@@ -62,7 +96,7 @@ const STrackFormat* FindFormat(bool bGpx, TPredicate&& isMatch)
             continue;
         }
         const auto IsUsedMatch = [&](std::string_view strExtension) {
-            return !strExtension.empty() && isMatch(strExtension);
+            return !strExtension.empty() && isMatch(format, strExtension);
         };
         if (std::any_of(format.extensions.begin(), format.extensions.end(), IsUsedMatch))
             return &format;
@@ -81,7 +115,7 @@ const STrackFormat* FormatForImport(std::string_view strFileName)
 {
     constexpr std::size_t nShortExtension = 4;
     const std::string strName = ToLower(strFileName);
-    return FindFormat(strName.ends_with(GpxEnd), [&](std::string_view strExtension) {
+    return FindFormat(strName.ends_with(GpxEnd), [&](const STrackFormat&, std::string_view strExtension) {
         return Contains(LastCharacters(strName, std::max(strExtension.size(), nShortExtension)),
                         strExtension);
     });
@@ -90,17 +124,24 @@ const STrackFormat* FormatForImport(std::string_view strFileName)
 const STrackFormat* FormatForReload(std::string_view strPath)
 {
     const std::string strName = ToLower(strPath);
-    return FindFormat(strName.ends_with(GpxEnd),
-                      [&](std::string_view strExtension) { return Contains(strName, strExtension); });
+    return FindFormat(strName.ends_with(GpxEnd), [&](const STrackFormat&, std::string_view strExtension) {
+        return Contains(strName, strExtension);
+    });
 }
 
 const STrackFormat* FormatForSave(std::string_view strFileName, EGpxTest gpxTest)
 {
     const bool bGpx = gpxTest == EGpxTest::LastThreeCharacters ? strFileName.ends_with(GpxEnd)
                                                                : Contains(strFileName, ".gpx");
-    return FindFormat(bGpx, [&](std::string_view strExtension) {
-        return IsTestedForSave(strExtension) && Contains(strFileName, strExtension);
-    });
+    // A format that can be written comes before one that refuses.
+    const auto Find = [&](bool bWritable) {
+        return FindFormat(bGpx, [&](const STrackFormat& format, std::string_view strExtension) {
+            return (format.pWrite != nullptr) == bWritable && IsTestedForSave(strExtension) &&
+                   Contains(strFileName, strExtension);
+        });
+    };
+    const STrackFormat* pFormat = Find(true);
+    return pFormat != nullptr ? pFormat : Find(false);
 }
 
 } // namespace kestrabel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cassert>
 #include <cstddef>
 #include <memory>
@@ -136,6 +137,14 @@ public:
             }
         }
         m_elements.clear();
+    }
+
+    /// Sorts by `isBefore(one, other)`; elements that are equal by it keep their order. n log n.
+    template <class TPredicate>
+    void StableSort(TPredicate&& isBefore)
+    {
+        std::stable_sort(m_elements.begin(), m_elements.end(),
+                         [&](const T* pOne, const T* pOther) { return isBefore(*pOne, *pOther); });
     }
 
     void Reserve(int nCount) { m_elements.reserve(static_cast<std::size_t>(nCount)); }

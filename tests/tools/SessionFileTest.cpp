@@ -1,7 +1,11 @@
+#include "formats/BinaryLogReader.h"
 #include "formats/GpxReader.h"
 #include "formats/NmeaReader.h"
+#include "formats/Pcx5Reader.h"
+#include "formats/SirfReader.h"
 #include "simulator/SessionSimulator.h"
 #include "simulator/SessionWriter.h"
+#include "simulator/SirfWriter.h"
 #include "support/TemporaryFolder.h"
 #include "tools/SessionOptionsFor.h"
 
@@ -43,11 +47,11 @@ std::string BytesOf(const SSessionOptions& options, const std::string& strPath)
 TEST(SessionFile, SameSeedSameBytes)
 {
     const CTemporaryFolder folder;
-    for (const char* pName : {"a.nmea", "a.gpx"}) {
+    for (const char* pName : {"a.nmea", "a.gpx", "a.sbn", "a.trk"}) {
         const std::string strFirst = BytesOf(Session(9, 5.0, 3000), folder.Path(pName));
         EXPECT_EQ(strFirst, BytesOf(Session(9, 5.0, 3000), folder.Path(pName)));
         EXPECT_NE(strFirst, BytesOf(Session(10, 5.0, 3000), folder.Path(pName)));
-        EXPECT_GT(strFirst.size(), 3000U * 100U);
+        EXPECT_GT(strFirst.size(), 3000U * 40U);
     }
 }
 
@@ -128,6 +132,86 @@ TEST(SessionFile, ReadsBackAsItWasSimulated)
     }
 }
 
+/// The points that have a position.
+CObjectArray<CTrackPoint> Copies(const CObjectArray<CTrackPoint>& points)
+{
+    CObjectArray<CTrackPoint> copies;
+    for (const CTrackPoint* pPoint : points) {
+        if (pPoint->HasPosition())
+            copies.Add(std::make_unique<CTrackPoint>(*pPoint));
+    }
+    return copies;
+}
+
+TEST(SessionFile, BinaryFormatsReadBackAsSimulated)
+{
+    constexpr double dHalf = 0.51; // of the last unit
+    const CTemporaryFolder folder;
+    for (const double dRate : {1.0, 2.0, 5.0, 8.0, 10.0}) {
+        SSessionOptions options = Session(21, dRate, 3000);
+        options.position = MakePosition(-0.001, -179.5);
+        options.timeStart = DATE::FromCalendar(
+            {.nYear = 2023, .nMonth = 12, .nDay = 31, .nHour = 23, .nMinute = 58}); // into another year
+        CSeries series;
+        SimulateSession(options, series);
+        CSeries sirf;
+        CSeries binaryLog;
+        CImportMonitor monitor;
+        Write(folder.Path("a.sbn"), series);
+        Write(folder.Path("a.sbp"), series);
+        ASSERT_EQ(ReadSirf(monitor, folder.Path("a.sbn"), sirf, sirf.m_points), EReadEnd::Complete);
+        ASSERT_EQ(ReadBinaryLog(monitor, folder.Path("a.sbp"), binaryLog, binaryLog.m_points),
+                  EReadEnd::Complete);
+        ASSERT_EQ(sirf.m_points.GetCount(), 3000) << "fixes without a position too";
+        for (const CSeries* pRead : {&sirf, &binaryLog}) {
+            const CObjectArray<CTrackPoint> written = Copies(series.m_points);
+            const CObjectArray<CTrackPoint> read = Copies(pRead->m_points);
+            ASSERT_EQ(read.GetCount(), written.GetCount());
+            for (int i = 0; i < read.GetCount(); ++i) {
+                const CTrackPoint& point = read[i];
+                const CTrackPoint& expected = written[i];
+                ASSERT_EQ(point.m_time.ToCalendar(), expected.m_time.ToCalendar()) << i;
+                ASSERT_NEAR(point.m_position.m_dLatitude, expected.m_position.m_dLatitude, 1e-7 * dHalf);
+                ASSERT_NEAR(point.m_position.m_dLongitude, expected.m_position.m_dLongitude, 1e-7 * dHalf);
+                ASSERT_NEAR(point.m_dDoppler, expected.m_dDoppler, 0.036 * dHalf) << i;
+                ASSERT_NEAR(point.m_dDirection, expected.m_dDirection, 1.75e-4 * dHalf) << i;
+                ASSERT_NEAR(point.m_dHDOP, expected.m_dHDOP, 0.2 * dHalf) << i;
+                ASSERT_EQ(point.m_nSats, expected.m_nSats) << i;
+                ASSERT_EQ(point.m_nAltitude, expected.m_nAltitude) << i;
+            }
+            EXPECT_EQ(pRead->m_strIdentifier, " " + series.m_strIdentifier);
+            EXPECT_EQ(pRead->m_strSerialNo, series.m_strSerialNo);
+            EXPECT_EQ(pRead->m_nLogRate, series.m_nLogRate);
+            EXPECT_EQ(pRead->m_strFirmware, series.m_strFirmware);
+        }
+        EXPECT_EQ(sirf.m_points.Last()->m_dUSOG, sirf.m_points.Last()->m_dDoppler);
+        EXPECT_EQ(sirf.m_points[0].m_dUSOG, 0.0) << "a fix without a position has none";
+
+        CObjectArray<CTrackPoint> pcx5;
+        Write(folder.Path("a.trk"), series);
+        ASSERT_EQ(ReadPcx5(monitor, folder.Path("a.trk"), pcx5), EReadEnd::Complete);
+        ASSERT_EQ(pcx5.GetCount(), 3000);
+        for (int i = 0; i < pcx5.GetCount(); ++i) {
+            ASSERT_EQ(pcx5[i].m_time.ToCalendarSecond(), series.m_points[i].m_time.ToCalendarSecond()) << i;
+            ASSERT_NEAR(pcx5[i].m_position.m_dLatitude, series.m_points[i].m_position.m_dLatitude,
+                        1e-7 * dHalf);
+        }
+        EXPECT_EQ(monitor.IssueCount(), 0);
+    }
+}
+
+TEST(SessionFile, SirfFramesAreWellFormed)
+{
+    EXPECT_EQ(SirfFrame("\x29\x01"), std::string("\xA0\xA2\x00\x02\x29\x01\x00\x2A\xB0\xB3", 10));
+    EXPECT_EQ(SirfFrame(std::string(256, '\xFF')).substr(260), std::string("\x7F\x00\xB0\xB3", 4))
+        << "the checksum has 15 bits";
+    CTrackPoint point;
+    EXPECT_EQ(SirfNavigation(point).size(), 91U);
+    point.m_position = MakePosition(1.0, -1.0);
+    EXPECT_EQ(SirfNavigation(point).size(), 95U);
+    EXPECT_EQ(SirfNavigation(point).substr(23, 8), std::string("\x00\x98\x96\x80\xFF\x67\x69\x80", 8));
+}
+
 TEST(SessionFile, EverySentenceIsWellFormed)
 {
     const CTemporaryFolder folder;
@@ -183,14 +267,15 @@ TEST(SessionFile, SentencesOfSpecialPoints)
 
 TEST(SessionFile, TheNameTellsTheFormat)
 {
-    for (const char* pName : {"a.nmea", "a.txt", "a.gpx", "A.GPX", "x.y/a.gpx"})
+    for (const char* pName :
+         {"a.nmea", "a.txt", "a.gpx", "A.GPX", "x.y/a.gpx", "a.sbn", "a.sbp", "a.bin", "a.trk", "a.gtr"})
         EXPECT_TRUE(IsWritableName(pName)) << pName;
     for (const char* pName : {"a", "a.doc", "gpx", ""})
         EXPECT_FALSE(IsWritableName(pName)) << pName;
     const CTemporaryFolder folder;
     CSeries series;
     SimulateSession(Session(1, 1.0, 10), series);
-    for (const char* pName : {"missing/a.nmea", "missing/a.gpx"}) {
+    for (const char* pName : {"missing/a.nmea", "missing/a.gpx", "missing/a.sbn", "missing/a.sbp"}) {
         CImportMonitor monitor;
         EXPECT_FALSE(WriteSession(monitor, folder.Path(pName), series, {}));
         EXPECT_NE(monitor.Message(), "") << pName;

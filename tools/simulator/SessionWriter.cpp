@@ -4,6 +4,7 @@
 #include "formats/TrackFileDispatcher.h"
 #include "formats/TrackFormat.h"
 #include "platform/Path.h"
+#include "simulator/SirfWriter.h"
 
 #include <memory>
 
@@ -20,6 +21,11 @@ bool IsNmea(std::string_view strPath)
 bool IsGpx(std::string_view strPath)
 {
     return ToLower(FileExtension(strPath)) == ".gpx";
+}
+
+bool IsSirf(std::string_view strPath)
+{
+    return ToLower(FileExtension(strPath)) == ".sbn";
 }
 
 bool WriteGpxSession(CImportMonitor& monitor, std::string_view strPath, const CSeries& series)
@@ -40,7 +46,7 @@ bool WriteGpxSession(CImportMonitor& monitor, std::string_view strPath, const CS
 
 bool IsWritableName(std::string_view strPath)
 {
-    if (IsNmea(strPath) || IsGpx(strPath))
+    if (IsNmea(strPath) || IsGpx(strPath) || IsSirf(strPath))
         return true;
     const STrackFormat* pFormat = FormatForSave(strPath, EGpxTest::ExtensionAnywhere);
     return pFormat != nullptr && pFormat->pWrite != nullptr;
@@ -53,6 +59,8 @@ bool WriteSession(CImportMonitor& monitor, std::string_view strPath, const CSeri
         return WriteNmea(monitor, strPath, series.m_points, nmeaOptions);
     if (IsGpx(strPath))
         return WriteGpxSession(monitor, strPath, series);
+    if (IsSirf(strPath))
+        return WriteSirf(monitor, strPath, series);
     return SavePoints(monitor, strPath, series, series.m_points);
 }
 

@@ -8,8 +8,8 @@
 
 namespace kestrabel {
 
-/// True when a session can be written to a file of that name: NMEA (".txt", ".nmea"), or any format that the
-/// system itself writes.
+/// True when a session can be written to a file of that name: NMEA (".txt", ".nmea"), a SiRF stream (".sbn"),
+/// or any format that the system itself writes.
 bool IsWritableName(std::string_view strPath);
 
 /// Writes a simulated session in the format of the file's name. GPX has times to the millisecond and leaves
