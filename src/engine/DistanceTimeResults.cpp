@@ -1,5 +1,6 @@
 #include "engine/DistanceTimeResults.h"
 
+#include "engine/Candidate.h"
 #include "engine/Direction.h"
 #include "engine/ResultBuilder.h"
 #include "engine/ResultList.h"
@@ -19,15 +20,6 @@ namespace {
 
 constexpr int PointsAhead = 32; // fetched early: some three hundred nanoseconds of scanning
 
-/// A window that reached the target. A long track has hundreds of thousands of them and only a handful is
-/// chosen, so no more is kept than the choice needs.
-struct SCandidate
-{
-    double dSpeed; ///< km/h
-    int nStart;
-    int nEnd;
-};
-
 class CWindowScan
 {
 public:
@@ -40,6 +32,7 @@ public:
           m_source(division, series),
           m_bOneResultPerRun(division.m_bOneResultPerRun != 0),
           m_bOneCandidatePerRun(m_bOneResultPerRun && series.m_bInTimeOrder),
+          m_isSlower(series),
           m_pAccumulator(CreateWindowAccumulator(division, m_source.UsesDoppler()))
     {
     }
@@ -51,7 +44,6 @@ private:
     template <class TAccumulator>
     void Scan(TAccumulator& accumulator, CProgress& shown);
     bool EndsRun(const CTrackPoint& start, const CTrackPoint& point) const;
-    bool IsSlowerCandidate(const SCandidate& one, const SCandidate& other) const;
     void Keep(const SCandidate& candidate);
     void Measure(const SCandidate& candidate);
     std::unique_ptr<CResult> MakeWindowResult(const SCandidate& candidate);
@@ -64,6 +56,7 @@ private:
     CSpeedSource m_source;
     bool m_bOneResultPerRun;
     bool m_bOneCandidatePerRun; ///< see Keep
+    CCandidateOrder m_isSlower;
     std::unique_ptr<CWindowAccumulator> m_pAccumulator;
     std::vector<SCandidate> m_candidates;
 };
@@ -124,33 +117,16 @@ void CWindowScan::Scan(TAccumulator& accumulator, CProgress& shown)
     }
 }
 
-/// The result order; of equal results the one found later stands behind.
-bool CWindowScan::IsSlowerCandidate(const SCandidate& one, const SCandidate& other) const
-{
-    const bool bOneIsNone = std::isnan(one.dSpeed);
-    const bool bOtherIsNone = std::isnan(other.dSpeed);
-    if (bOneIsNone != bOtherIsNone)
-        return bOneIsNone;
-    if (!bOneIsNone && one.dSpeed != other.dSpeed)
-        return one.dSpeed < other.dSpeed;
-    const double dOneStart = m_points[one.nStart].m_time.m_dDays;
-    const double dOtherStart = m_points[other.nStart].m_time.m_dDays;
-    return dOneStart != dOtherStart ? dOneStart < dOtherStart : one.nStart < other.nStart;
-}
-
 void CWindowScan::Select(CObjectArray<CResult>& results)
 {
-    const auto IsSlowerOne = [this](const SCandidate& one, const SCandidate& other) {
-        return IsSlowerCandidate(one, other);
-    };
     // A heap, since only the fastest few are looked at.
-    std::make_heap(m_candidates.begin(), m_candidates.end(), IsSlowerOne);
+    std::make_heap(m_candidates.begin(), m_candidates.end(), m_isSlower);
     CTakenTimes taken;
     std::set<std::int32_t> takenRuns;
     const int nWanted = std::max<int>(m_event.m_nShowTopRows, m_division.m_nAverageRuns);
     int nSelected = 0;
     while (!m_candidates.empty()) {
-        std::pop_heap(m_candidates.begin(), m_candidates.end(), IsSlowerOne);
+        std::pop_heap(m_candidates.begin(), m_candidates.end(), m_isSlower);
         const SCandidate candidate = m_candidates.back();
         m_candidates.pop_back();
         const CTrackPoint& start = m_points[candidate.nStart];
@@ -177,7 +153,7 @@ void CWindowScan::Keep(const SCandidate& candidate)
     if (m_bOneCandidatePerRun && !m_candidates.empty()) {
         SCandidate& last = m_candidates.back();
         if (m_source.Run(m_points[last.nStart]) == m_source.Run(m_points[candidate.nStart])) {
-            if (IsSlowerCandidate(last, candidate))
+            if (m_isSlower(last, candidate))
                 last = candidate;
             return;
         }
@@ -208,7 +184,7 @@ std::unique_ptr<CResult> CWindowScan::MakeWindowResult(const SCandidate& candida
         dDirections += m_points[i].m_dDirection;
     pResult->m_dDirection = dDirections / (candidate.nEnd - candidate.nStart);
     pResult->m_dWindAngle = WindAngle(pResult->m_dDirection, m_series.m_dWindDirection);
-    MeasureExtremes(*pResult, m_series, m_source, candidate.nStart + 1, candidate.nEnd);
+    MeasureExtremes(*pResult, m_series, m_source.SpeedField(), candidate.nStart + 1, candidate.nEnd);
 
     // A Doppler speed holds over a step; its errors add up as independent ones, the last step counting half.
     const double dError = m_source.Error(m_event, m_series);

@@ -1,6 +1,7 @@
 #include "engine/ResultBuilder.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace kestrabel {
@@ -28,7 +29,20 @@ std::unique_ptr<CResult> MakeResult(const CPerson& person, const CSeries& series
     return pResult;
 }
 
-void MeasureExtremes(CResult& result, const CSeries& series, const CSpeedSource& source, int nFirst,
+std::unique_ptr<CResult> MakePathResult(const CPerson& person, const CSeries& series,
+                                        const CDivision& division, const CSpeedSource& source, int nStart,
+                                        int nEnd)
+{
+    const CTrackPoint& start = series.m_points[nStart];
+    const CTrackPoint& end = series.m_points[nEnd];
+    std::unique_ptr<CResult> pResult = MakeResult(person, series, division, source, nStart, nEnd);
+    pResult->m_dSeconds = SecondsBetween(start.m_time, end.m_time);
+    pResult->m_dDistance = source.Path(end) - source.Path(start);
+    pResult->m_dSpeed = PathSpeed(pResult->m_dDistance, pResult->m_dSeconds);
+    return pResult;
+}
+
+void MeasureExtremes(CResult& result, const CSeries& series, double CTrackPoint::*pSpeed, int nFirst,
                      int nLast)
 {
     constexpr std::int32_t nMostSatellites = 100;
@@ -38,10 +52,25 @@ void MeasureExtremes(CResult& result, const CSeries& series, const CSpeedSource&
     result.m_nSatsMin = nMostSatellites;
     for (int i = nFirst; i <= nLast; ++i) {
         const CTrackPoint& point = series.m_points[i];
-        result.m_dMinSpeed = std::min(result.m_dMinSpeed, source.Speed(point));
-        result.m_dMaxSpeed = std::max(result.m_dMaxSpeed, source.Speed(point));
+        result.m_dMinSpeed = std::min(result.m_dMinSpeed, point.*pSpeed);
+        result.m_dMaxSpeed = std::max(result.m_dMaxSpeed, point.*pSpeed);
         result.m_dHDOPMax = std::max(result.m_dHDOPMax, point.m_dHDOP);
         result.m_nSatsMin = std::min(result.m_nSatsMin, point.m_nSats);
+    }
+}
+
+void EstimatePathError(CResult& result, const CSpeedSource& source, double dError, int nValues)
+{
+    constexpr double dConfidence = 1.29;
+    if (!(dError > 0.0))
+        return;
+    const double dUncertainty = dConfidence * dError / std::sqrt(static_cast<double>(nValues));
+    if (source.UsesDoppler()) {
+        result.m_dDopplerError = dUncertainty;
+        result.m_dClaimed = result.m_dSpeed - dUncertainty;
+    } else {
+        result.m_dPosError = dUncertainty;
+        result.m_dClaimed = PathSpeed(result.m_dDistance - dUncertainty, result.m_dSeconds);
     }
 }
 

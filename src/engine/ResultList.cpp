@@ -1,19 +1,16 @@
 #include "engine/ResultList.h"
 
 #include <algorithm>
-#include <cmath>
 #include <vector>
 
 namespace kestrabel {
 
 bool IsSlower(const SResultValues& one, const SResultValues& other)
 {
-    const bool bOneIsNone = std::isnan(one.m_dSpeed);
-    const bool bOtherIsNone = std::isnan(other.m_dSpeed);
-    if (bOneIsNone != bOtherIsNone)
-        return bOneIsNone;
-    if (!bOneIsNone && one.m_dSpeed != other.m_dSpeed)
-        return one.m_dSpeed < other.m_dSpeed;
+    if (IsSlowerSpeed(one.m_dSpeed, other.m_dSpeed))
+        return true;
+    if (IsSlowerSpeed(other.m_dSpeed, one.m_dSpeed))
+        return false;
     return one.m_timeStart.m_dDays < other.m_timeStart.m_dDays;
 }
 

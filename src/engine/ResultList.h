@@ -3,10 +3,17 @@
 #include "model/ObjectArray.h"
 #include "model/Result.h"
 
+#include <cmath>
 #include <memory>
 #include <string_view>
 
 namespace kestrabel {
+
+/// The order of two speeds; one that is not a number is slower than any other.
+inline bool IsSlowerSpeed(double dOne, double dOther)
+{
+    return std::isnan(dOne) ? !std::isnan(dOther) : dOne < dOther;
+}
 
 /// The result order: ascending by speed, equal speeds ascending by start time, so that the last is the best.
 /// A speed that is not a number is slower than any other. True when `one` stands before `other`.

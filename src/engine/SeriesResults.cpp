@@ -1,6 +1,9 @@
 #include "engine/SeriesResults.h"
 
+#include "engine/AlphaResults.h"
 #include "engine/DistanceTimeResults.h"
+#include "engine/LapResults.h"
+#include "engine/SplitResults.h"
 #include "platform/Path.h"
 
 #include <algorithm>
@@ -27,9 +30,15 @@ void Calculate(const CEvent& event, const CPerson& person, const CSeries& series
 {
     switch (division.m_nKind) {
     case DivisionKind::AlphaRacing:
+        CalculateAlphaResults(event, person, series, division, found, progress);
+        break;
     case DivisionKind::LapRacing:
-    case DivisionKind::Splits:
-    case DivisionKind::CheckPoints: break; // find nothing yet
+        CalculateLapResults(event, person, series, division, found, progress);
+        break;
+    case DivisionKind::Splits: CalculateSplitResults(event, person, series, division, found, progress); break;
+    case DivisionKind::CheckPoints:
+        CalculateCheckpointResults(event, person, series, division, found, progress);
+        break;
     default: CalculateWindowResults(event, person, series, division, found, progress);
     }
 }

@@ -19,9 +19,19 @@ public:
 
     /// km/h
     double Speed(const CTrackPoint& point) const { return m_bDoppler ? point.m_dDoppler : point.m_dSpeed; }
+    double CTrackPoint::*SpeedField() const
+    {
+        return m_bDoppler ? &CTrackPoint::m_dDoppler : &CTrackPoint::m_dSpeed;
+    }
     std::int32_t Run(const CTrackPoint& point) const
     {
         return m_bDoppler ? point.m_nDopplerRun : point.m_nRun;
+    }
+
+    /// km from the start of the file
+    double Path(const CTrackPoint& point) const
+    {
+        return m_bDoppler ? point.m_dTotalDopplerDistance : point.m_dTotalDistance;
     }
 
     /// The error of one value: Doppler in km/h, positions in km. The track file's own when it has one (its

@@ -16,4 +16,18 @@ CDivision* CEvent::FindDivision(std::string_view strName) const
     return nullptr;
 }
 
+bool CEvent::IsWithinConstraints(const CTrackPoint* pPrevious, const CTrackPoint& point) const
+{
+    const CPosition& position = point.m_position;
+    if (m_bConstrainRegion != 0 && !(position.m_dLongitude >= m_posNorthWest.m_dLongitude &&
+                                     position.m_dLongitude <= m_posSouthEast.m_dLongitude &&
+                                     position.m_dLatitude >= m_posSouthEast.m_dLatitude &&
+                                     position.m_dLatitude <= m_posNorthWest.m_dLatitude))
+        return false;
+    if (m_bConstrainDates != 0 &&
+        (point.m_time.m_dDays < m_dateStart.m_dDays || point.m_time.m_dDays > m_dateEnd.m_dDays))
+        return false;
+    return !StartsGap(pPrevious, point, m_nTimeThreshold);
+}
+
 } // namespace kestrabel

@@ -25,6 +25,11 @@ public:
     /// The first division of that name without regard to case; null when there is none.
     CDivision* FindDivision(std::string_view strName) const;
 
+    /// True when a fix lies in the region and between the dates that the event is constrained to (bounds
+    /// included, where those switches are on) and does not start a gap. `pPrevious` is the fix before it,
+    /// null for the first of its file.
+    bool IsWithinConstraints(const CTrackPoint* pPrevious, const CTrackPoint& point) const;
+
     std::string m_strDescription;
     std::string m_strLocation;
     std::string m_strDataFolder; ///< ends in a separator; empty = not yet chosen

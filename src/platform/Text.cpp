@@ -92,4 +92,12 @@ std::size_t CountCharacters(std::string_view strUtf8)
         std::count_if(strUtf8.begin(), strUtf8.end(), [](char c) { return !IsContinuation(c); }));
 }
 
+std::string_view FirstCharacters(std::string_view strUtf8, std::size_t nCount)
+{
+    std::size_t nCharacters = 0;
+    const auto BeginsOneTooMany = [&](char c) { return !IsContinuation(c) && ++nCharacters > nCount; };
+    const auto end = std::find_if(strUtf8.begin(), strUtf8.end(), BeginsOneTooMany);
+    return strUtf8.substr(0, static_cast<std::size_t>(end - strUtf8.begin()));
+}
+
 } // namespace kestrabel

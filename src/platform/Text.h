@@ -18,4 +18,7 @@ char32_t Windows1252CodePoint(unsigned char c);
 /// The number of characters (code points) of a UTF-8 text, for aligning columns.
 std::size_t CountCharacters(std::string_view strUtf8);
 
+/// The first `nCount` characters of a UTF-8 text; the whole text when it has no more. No character is cut.
+std::string_view FirstCharacters(std::string_view strUtf8, std::size_t nCount);
+
 } // namespace kestrabel

@@ -60,5 +60,27 @@ TEST(Text, CharactersAreCountedNotBytes)
     EXPECT_EQ(CountCharacters("J\xC3\xBCrgen \xE2\x82\xAC \xF0\x9F\x98\x80"), 10U);
 }
 
+TEST(Text, NoCharacterIsCut)
+{
+    const struct
+    {
+        const char* pText;
+        std::size_t nCount;
+        const char* pFirst;
+    } cases[] = {
+        {"", 3, ""},
+        {"abc", 0, ""},
+        {"abc", 2, "ab"},
+        {"abc", 3, "abc"},
+        {"abc", 4, "abc"},
+        {"J\xC3\xBCrg", 1, "J"},
+        {"J\xC3\xBCrg", 2, "J\xC3\xBC"},
+        {"\xF0\x9F\x98\x80\xE2\x82\xAC", 1, "\xF0\x9F\x98\x80"},
+        {"\xF0\x9F\x98\x80\xE2\x82\xAC", 2, "\xF0\x9F\x98\x80\xE2\x82\xAC"},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(FirstCharacters(test.pText, test.nCount), test.pFirst) << test.pText << test.nCount;
+}
+
 } // namespace
 } // namespace kestrabel
