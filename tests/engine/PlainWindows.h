@@ -237,7 +237,6 @@ inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, i
     using C = SResultValues;
     CResult combined = results.back();
     double dSquares = combined.m_dDopplerError * combined.m_dDopplerError;
-    double dPosition = combined.m_dPosError * combined.m_dPosError;
     int nTaken = 1;
     for (auto it = results.rbegin() + 1; it != results.rend() && nTaken < N; ++it, ++nTaken) {
         if (std::isnan(it->m_dSpeed))
@@ -260,13 +259,11 @@ inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, i
         combined.m_nStartIndex = std::min(combined.m_nStartIndex, it->m_nStartIndex);
         combined.m_nEndIndex = std::max(combined.m_nEndIndex, it->m_nEndIndex);
         dSquares += it->m_dDopplerError * it->m_dDopplerError;
-        dPosition += it->m_dPosError * it->m_dPosError;
     }
     for (const auto pMean :
          {&C::m_dDistance, &C::m_dDirection, &C::m_dWindAngle, &C::m_dSpeed, &C::m_dAltitude})
         combined.*pMean /= N;
     combined.m_dDopplerError = std::sqrt(dSquares) / N;
-    combined.m_dPosError = std::sqrt(dPosition) / N;
     if (combined.m_dDopplerError > 0.0001)
         combined.m_dClaimed = combined.m_dSpeed - 2.0 * combined.m_dDopplerError;
     return {combined};

@@ -1,8 +1,10 @@
 #include "engine/Ranking.h"
 
 #include "engine/RandomTrack.h"
+#include "engine/TakenTimes.h"
 #include "engine/TestEvent.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -164,6 +166,27 @@ TEST(ResultList, InsertingAllIsInsertingOneAfterAnother)
         for (int i = 0; i < atOnce.GetCount(); ++i) {
             ASSERT_EQ(&atOnce[i], &oneByOne[i]) << "round " << nRound << ", result " << i;
             ASSERT_FALSE(i > 0 && IsSlower(atOnce[i], atOnce[i - 1]));
+        }
+    }
+}
+
+TEST(TakenTimes, AgreesWithAListOfAll)
+{
+    CRandom random(7);
+    for (int nRound = 0; nRound < 500; ++nRound) {
+        CTakenTimes taken;
+        std::vector<std::pair<double, double>> naive;
+        for (int i = 0; i < 30; ++i) {
+            const double dStart = random.Below(60);
+            const double dEnd = dStart + random.Below(8) - (random.Chance(0.15) ? 8 : 0); // or backward
+            const bool bOverlaps = std::any_of(naive.begin(), naive.end(), [&](const auto& other) {
+                return other.second > dStart && other.first < dEnd;
+            });
+            ASSERT_EQ(taken.Overlaps(DATE(dStart), DATE(dEnd)), bOverlaps) << dStart << " to " << dEnd;
+            if (bOverlaps)
+                continue;
+            taken.Take(DATE(dStart), DATE(dEnd));
+            naive.emplace_back(dStart, dEnd);
         }
     }
 }
