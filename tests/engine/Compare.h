@@ -17,148 +17,76 @@
 
 namespace kestrabel::test {
 
-/// Equal to the bit; any two not-a-numbers are the same.
-inline bool IsSame(double dOne, double dOther)
-{
-    if (std::isnan(dOne) && std::isnan(dOther))
-        return true;
-    return std::bit_cast<std::uint64_t>(dOne) == std::bit_cast<std::uint64_t>(dOther);
-}
-
+/// Numbers are equal to the bit; any two not-a-numbers are the same.
 template <class T>
 bool IsSame(const T& one, const T& other)
 {
-    return one == other;
-}
-
-inline void Print(std::ostream& out, const DATE& date)
-{
-    out << date.m_dDays << '/' << date.m_nStatus;
-}
-
-inline void Print(std::ostream& out, const CPosition& position)
-{
-    out << position.m_dLatitude << ',' << position.m_dLongitude;
-}
-
-inline void Print(std::ostream& out, const CGeoRect& rc)
-{
-    out << rc.m_dWest << ',' << rc.m_dNorth << ',' << rc.m_dEast << ',' << rc.m_dSouth;
-}
-
-inline void Print(std::ostream& out, const std::string& strText)
-{
-    out << strText;
+    if constexpr (std::is_same_v<T, double>)
+        return (std::isnan(one) && std::isnan(other)) ||
+               std::bit_cast<std::uint64_t>(one) == std::bit_cast<std::uint64_t>(other);
+    else
+        return one == other;
 }
 
 template <class T>
-requires std::is_arithmetic_v<T>
-void Print(std::ostream& out, T value)
+void Print(std::ostream& out, const T& value)
 {
-    out << +value; // a byte as a number
+    if constexpr (std::is_arithmetic_v<T>)
+        out << +value; // a byte as a number
+    else if constexpr (std::is_same_v<T, DATE>)
+        out << value.m_dDays;
+    else
+        out << "(another)";
 }
 
-/// One field, whatever its type.
+/// One field, whatever its type: says how two objects differ in it, or nothing. Known by its place in the
+/// list.
 template <class T>
-struct SField
-{
-    template <class TValue>
-    SField(const char* strFieldName, TValue T::*pField)
-        : strName(strFieldName),
-          print([pField](std::ostream& out, const T& object) { Print(out, object.*pField); }),
-          isSame([pField](const T& one, const T& other) { return IsSame(one.*pField, other.*pField); })
-    {
-    }
+using SField = std::function<void(std::ostream&, std::size_t, const T&, const T&)>;
 
-    const char* strName;
-    std::function<void(std::ostream&, const T&)> print;
-    std::function<bool(const T&, const T&)> isSame;
-};
+template <class T, class... TFields>
+std::vector<SField<T>> Fields(TFields... pFields)
+{
+    return {[=](std::ostream& out, std::size_t nField, const T& one, const T& other) {
+        if (IsSame(one.*pFields, other.*pFields))
+            return;
+        Print(out << "field " << nField << ": ", one.*pFields);
+        Print(out << " != ", other.*pFields);
+        out << "; ";
+    }...};
+}
 
 inline const std::vector<SField<CTrackPoint>>& PointFields()
 {
     using C = CTrackPoint;
-    static const std::vector<SField<C>> fields = {
-        {"flags", &C::m_nInvalidFlags},
-        {"track", &C::m_nTrack},
-        {"series", &C::m_nSeriesIndex},
-        {"time", &C::m_time},
-        {"position", &C::m_position},
-        {"direction", &C::m_dDirection},
-        {"delta time", &C::m_dDeltaTime},
-        {"distance", &C::m_dDistance},
-        {"speed", &C::m_dSpeed},
-        {"total distance", &C::m_dTotalDistance},
-        {"Doppler step", &C::m_dDopplerStep},
-        {"total Doppler distance", &C::m_dTotalDopplerDistance},
-        {"sum of step squares", &C::m_dSumStepSquares},
-        {"wind angle", &C::m_dWindAngle},
-        {"run", &C::m_nRun},
-        {"Doppler run", &C::m_nDopplerRun},
-        {"Doppler", &C::m_dDoppler},
-        {"vertical speed", &C::m_dVertSpeed},
-        {"HDOP", &C::m_dHDOP},
-        {"satellites", &C::m_nSats},
-        {"altitude", &C::m_nAltitude},
-    };
+    static const auto fields = Fields<C>(
+        &C::m_nInvalidFlags, &C::m_nTrack, &C::m_nSeriesIndex, &C::m_time, &C::m_position, &C::m_dDirection,
+        &C::m_dDeltaTime, &C::m_dDistance, &C::m_dSpeed, &C::m_dTotalDistance, &C::m_dDopplerStep,
+        &C::m_dTotalDopplerDistance, &C::m_dSumStepSquares, &C::m_dWindAngle, &C::m_nRun, &C::m_nDopplerRun,
+        &C::m_dDoppler, &C::m_dVertSpeed, &C::m_dHDOP, &C::m_nSats, &C::m_nAltitude);
     return fields;
 }
 
 inline const std::vector<SField<CSeries>>& StatisticsFields()
 {
     using C = CSeries;
-    static const std::vector<SField<C>> fields = {
-        {"total distance", &C::m_dTotalDistance},
-        {"total Doppler distance", &C::m_dTotalDopplerDistance},
-        {"travel time", &C::m_dTravelTime},
-        {"max speed", &C::m_dMaxSpeed},
-        {"max Doppler", &C::m_dMaxDoppler},
-        {"min altitude", &C::m_dMinAltitude},
-        {"max altitude", &C::m_dMaxAltitude},
-        {"max HDOP", &C::m_dMaxResultHDOP},
-        {"satellites", &C::m_dMinResultSats},
-        {"bounds", &C::m_rcBounds},
-        {"has Doppler", &C::m_bHasDoppler},
-        {"time start", &C::m_timeStart},
-        {"time end", &C::m_timeEnd},
-    };
+    static const auto fields =
+        Fields<C>(&C::m_dTotalDistance, &C::m_dTotalDopplerDistance, &C::m_dTravelTime, &C::m_dMaxSpeed,
+                  &C::m_dMaxDoppler, &C::m_dMinAltitude, &C::m_dMaxAltitude, &C::m_dMaxResultHDOP,
+                  &C::m_dMinResultSats, &C::m_rcBounds, &C::m_bHasDoppler, &C::m_timeStart, &C::m_timeEnd);
     return fields;
 }
 
 inline const std::vector<SField<SResultValues>>& ResultFields()
 {
     using C = SResultValues;
-    static const std::vector<SField<C>> fields = {
-        {"rank", &C::m_nRank},
-        {"start index", &C::m_nStartIndex},
-        {"end index", &C::m_nEndIndex},
-        {"series index", &C::m_nSeriesIndex},
-        {"person index", &C::m_nPersonIndex},
-        {"competitor", &C::m_strCompetitor},
-        {"start position", &C::m_posStart},
-        {"start time", &C::m_timeStart},
-        {"end position", &C::m_posEnd},
-        {"end time", &C::m_timeEnd},
-        {"distance", &C::m_dDistance},
-        {"direction", &C::m_dDirection},
-        {"speed", &C::m_dSpeed},
-        {"min speed", &C::m_dMinSpeed},
-        {"max speed", &C::m_dMaxSpeed},
-        {"seconds", &C::m_dSeconds},
-        {"run", &C::m_nRun},
-        {"division", &C::m_strDivision},
-        {"series", &C::m_strSeries},
-        {"wind angle", &C::m_dWindAngle},
-        {"altitude", &C::m_dAltitude},
-        {"alt change", &C::m_dAltChange},
-        {"HDOP max", &C::m_dHDOPMax},
-        {"claimed", &C::m_dClaimed},
-        {"sats min", &C::m_nSatsMin},
-        {"pos error", &C::m_dPosError},
-        {"Doppler error", &C::m_dDopplerError},
-        {"waypoint", &C::m_nWaypoint},
-        {"waypoint 2", &C::m_nWaypoint2},
-    };
+    static const auto fields =
+        Fields<C>(&C::m_nRank, &C::m_nStartIndex, &C::m_nEndIndex, &C::m_nSeriesIndex, &C::m_nPersonIndex,
+                  &C::m_strCompetitor, &C::m_posStart, &C::m_timeStart, &C::m_posEnd, &C::m_timeEnd,
+                  &C::m_dDistance, &C::m_dDirection, &C::m_dSpeed, &C::m_dMinSpeed, &C::m_dMaxSpeed,
+                  &C::m_dSeconds, &C::m_nRun, &C::m_strDivision, &C::m_strSeries, &C::m_dWindAngle,
+                  &C::m_dAltitude, &C::m_dAltChange, &C::m_dHDOPMax, &C::m_dClaimed, &C::m_nSatsMin,
+                  &C::m_dPosError, &C::m_dDopplerError, &C::m_nWaypoint, &C::m_nWaypoint2);
     return fields;
 }
 
@@ -168,15 +96,8 @@ std::string Differences(const std::vector<SField<T>>& fields, const T& one, cons
 {
     std::ostringstream out;
     out.precision(std::numeric_limits<double>::max_digits10);
-    for (const SField<T>& field : fields) {
-        if (field.isSame(one, other))
-            continue;
-        out << field.strName << ": ";
-        field.print(out, one);
-        out << " != ";
-        field.print(out, other);
-        out << "; ";
-    }
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        fields[i](out, i, one, other);
     return out.str();
 }
 

@@ -14,6 +14,8 @@
 
 namespace kestrabel::test {
 
+inline constexpr double PlainDegree = 0.017453292519943295;
+
 inline constexpr double PlainDegreesPerKilometre = 0.008999280057595392;
 
 /// The part of a result that every kind along a path has in common.

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "engine/PlainDerivation.h"
+#include "engine/ResultBuilder.h"
 
 #include <cmath>
 #include <limits>
-#include <memory>
-#include <string>
+#include <utility>
 #include <vector>
 
 // The search for the best windows in its plainest form: every candidate is measured in full when it is found
@@ -28,109 +28,78 @@ struct SPlainWindow
     const CTrackPoint* F = nullptr;
     const CTrackPoint* L = nullptr;
 
+    bool IsDoppler() const { return cRule == 'E' || cRule == 'F'; }
+    bool IsStraight() const { return cRule == 'A' || cRule == 'B'; }
+    bool IsTotal() const { return bStrict && (cRule == 'C' || cRule == 'E'); }
+    bool NeedsRescan() const { return !IsStraight() && !IsTotal(); }
     bool IsValid(const CTrackPoint& p) const
     {
-        return (p.m_nInvalidFlags & (cRule == 'E' || cRule == 'F' ? 0x75u : 0x7bu)) == 0;
+        return (p.m_nInvalidFlags & (IsDoppler() ? 0x75u : 0x7bu)) == 0;
     }
-
-    bool NeedsRescan() const
-    {
-        if (cRule == 'A' || cRule == 'B')
-            return false;
-        if (cRule == 'C' || cRule == 'E')
-            return !bStrict;
-        return true;
-    }
-
-    bool Start(const CTrackPoint& p)
-    {
-        if (!IsValid(p))
-            return false;
-        F = L = &p;
-        dDistance = dTime = dSquares = dLastSquare = 0.0;
-        return true;
-    }
-
     bool Reached() const { return (bIsDistance ? dDistance : dTime * 86400.0) >= dTarget; }
     double Speed() const { return dTime == 0.0 ? 0.0 : dDistance * 3600.0 / (dTime * 86400.0); }
 
-    static double Length(const CTrackPoint& from, const CTrackPoint& to)
+    bool Start(const CTrackPoint& p)
     {
-        return PlainDistance(CEllipsoid(), from, to);
+        F = L = &p;
+        dDistance = dTime = dSquares = dLastSquare = 0.0;
+        return IsValid(p);
     }
 
-    static double Kilometres(std::int32_t nFrom, std::int32_t nTo)
+    static double Slope(double dLevel, const CTrackPoint& from, const CTrackPoint& to)
     {
-        return (static_cast<double>(nTo) - static_cast<double>(nFrom)) * 0.001;
+        const double dz = (static_cast<double>(to.m_nAltitude) - from.m_nAltitude) * 0.001;
+        return dz == 0.0 ? dLevel : std::sqrt(dLevel * dLevel + dz * dz);
     }
 
-    bool AddStraight(const CTrackPoint& p)
+    void MeasureFromStart(const CTrackPoint& p)
     {
-        if (!IsValid(p)) {
-            dDistance = 0.0;
-            if (cRule == 'B')
-                return !bStrict;
-            dTime = dSquares = 0.0;
-            return true;
-        }
         const double s = PlainSeconds(F->m_time, p.m_time);
-        dDistance = Length(*F, p);
         dTime = s * 1.1574074074074073e-05;
-        dSquares = s * s;
-        const double dz = Kilometres(F->m_nAltitude, p.m_nAltitude);
-        if (cRule == 'B' && dz != 0.0)
-            dDistance = std::sqrt(dDistance * dDistance + dz * dz);
-        return true;
-    }
-
-    bool AddStrictTotals(const CTrackPoint& p)
-    {
-        dDistance = cRule == 'C' ? p.m_dTotalDistance - F->m_dTotalDistance
-                                 : p.m_dTotalDopplerDistance - F->m_dTotalDopplerDistance;
-        dTime = PlainSeconds(F->m_time, p.m_time) * 1.1574074074074073e-05;
-        dSquares = p.m_dSumStepSquares - F->m_dSumStepSquares;
-        dLastSquare = PlainStep(p) * PlainStep(p);
-        return true;
-    }
-
-    bool Add(const CTrackPoint& p)
-    {
-        if (cRule == 'A' || cRule == 'B')
-            return AddStraight(p);
-        if (bStrict && !IsValid(p))
-            return false;
-        if (!bStrict) {
-            if (!IsValid(p))
-                return true;
-            if (p.m_nTrack - L->m_nTrack >= 3) {
-                L = &p;
-                return false;
-            }
+        dSquares = IsStraight() ? s * s : p.m_dSumStepSquares - F->m_dSumStepSquares;
+        dLastSquare = IsStraight() ? 0.0 : PlainStep(p) * PlainStep(p);
+        switch (cRule) {
+        case 'A': dDistance = PlainDistance(CEllipsoid(), *F, p); break;
+        case 'B': dDistance = Slope(PlainDistance(CEllipsoid(), *F, p), *F, p); break;
+        case 'C': dDistance = p.m_dTotalDistance - F->m_dTotalDistance; break;
+        default: dDistance = p.m_dTotalDopplerDistance - F->m_dTotalDopplerDistance;
         }
-        if (bStrict && (cRule == 'C' || cRule == 'E'))
-            return AddStrictTotals(p);
+    }
 
-        const double s = cRule == 'D' && bStrict ? PlainStep(p) : PlainSeconds(L->m_time, p.m_time);
+    void MeasureStep(const CTrackPoint& p)
+    {
+        const bool bStored = cRule == 'D' && bStrict;
+        const double s = bStored ? PlainStep(p) : PlainSeconds(L->m_time, p.m_time);
         const double dDays = s * 1.1574074074074073e-05;
-        const double h = (L->m_dDoppler + p.m_dDoppler) * dDays * 12.0;
+        const double dLength = bStored ? p.m_dDistance : PlainDistance(CEllipsoid(), *L, p);
+        const double dDopplers = L->m_dDoppler + p.m_dDoppler;
+        const double h = dDopplers * dDays * 12.0;
         const double v = (L->m_dVertSpeed + p.m_dVertSpeed) * dDays * 12.0;
-        if (cRule == 'C')
-            dDistance += Length(*L, p);
-        if (cRule == 'D') {
-            const double dStep = bStrict ? p.m_dDistance : Length(*L, p);
-            const double dz = Kilometres(L->m_nAltitude, p.m_nAltitude);
-            dDistance += dz == 0.0 ? dStep : std::sqrt(dStep * dStep + dz * dz);
+        const double dLevel = dDopplers * p.m_dDeltaTime * 12.0;
+        switch (cRule) {
+        case 'C': dDistance += dLength; break;
+        case 'D': dDistance += Slope(dLength, *L, p); break;
+        case 'E': dDistance += h; break;
+        default: dDistance += p.m_dVertSpeed == 0.0 ? dLevel : std::sqrt(h * h + v * v);
         }
-        if (cRule == 'E')
-            dDistance += h;
-        if (cRule == 'F' && p.m_dVertSpeed != 0.0)
-            dDistance += std::sqrt(h * h + v * v);
-        if (cRule == 'F' && p.m_dVertSpeed == 0.0)
-            dDistance += (L->m_dDoppler + p.m_dDoppler) * p.m_dDeltaTime * 12.0;
         dTime += dDays;
         dLastSquare = s * s;
         dSquares += s * s;
         L = &p;
+    }
+
+    bool Add(const CTrackPoint& p)
+    {
+        if (!IsValid(p)) {
+            if (IsStraight())
+                dDistance = 0.0;
+            if (cRule == 'A')
+                dTime = dSquares = 0.0;
+            return cRule == 'A' || !bStrict;
+        }
+        if (NeedsRescan() && !bStrict && p.m_nTrack - L->m_nTrack >= 3)
+            return false;
+        NeedsRescan() ? MeasureStep(p) : MeasureFromStart(p);
         return true;
     }
 };
@@ -138,12 +107,7 @@ struct SPlainWindow
 inline SPlainWindow MakePlainWindow(const CDivision& division, bool bDoppler)
 {
     SPlainWindow window;
-    if (bDoppler)
-        window.cRule = division.m_bAccumulation != 0 && division.m_bUseAltitude != 0 ? 'F' : 'E';
-    else if (division.m_bAccumulation != 0)
-        window.cRule = division.m_bUseAltitude != 0 ? 'D' : 'C';
-    else
-        window.cRule = division.m_bUseAltitude != 0 ? 'B' : 'A';
+    window.cRule = "ABCDEEEF"[4 * bDoppler + 2 * division.m_bAccumulation + division.m_bUseAltitude];
     window.bStrict = division.m_bStrict != 0;
     window.bIsDistance = division.m_nKind == 1;
     window.dTarget = window.bIsDistance ? division.m_dMetres * 0.001 : division.m_nSeconds - 0.001;
@@ -155,21 +119,17 @@ inline bool PlainUsesDoppler(const CDivision& division, const CSeries& series)
     return division.m_nCalcUsing == 1 || (division.m_nCalcUsing == 2 && series.m_bHasDoppler != 0);
 }
 
+inline int PlainRun(const CTrackPoint& point, bool bDoppler)
+{
+    return bDoppler ? point.m_nDopplerRun : point.m_nRun;
+}
+
 inline CResult MakePlainCandidate(const CEvent& event, const CPerson& person, const CSeries& series,
                                   const CDivision& division, const SPlainWindow& window, int i, int j)
 {
     const bool bDoppler = PlainUsesDoppler(division, series);
-    const CTrackPoint& start = series.m_points[i];
-    const CTrackPoint& end = series.m_points[j];
-    CResult result;
-    result.m_nStartIndex = i;
-    result.m_nEndIndex = j;
-    result.m_nSeriesIndex = series.m_nSeriesIndex;
-    result.m_nPersonIndex = series.m_nPersonIndex;
-    result.m_posStart = start.m_position;
-    result.m_timeStart = start.m_time;
-    result.m_posEnd = end.m_position;
-    result.m_timeEnd = end.m_time;
+    // Names, positions and times are copied alike for every kind of division.
+    CResult result = *MakeResult(person, series, division, CSpeedSource(division, series), i, j);
     result.m_dSeconds = window.dTime * 86400.0;
     result.m_dDistance = window.dDistance;
     result.m_dSpeed = window.Speed();
@@ -180,23 +140,14 @@ inline CResult MakePlainCandidate(const CEvent& event, const CPerson& person, co
         const CTrackPoint& point = series.m_points[k];
         const double dSpeed = bDoppler ? point.m_dDoppler : point.m_dSpeed;
         dDirections += point.m_dDirection;
-        if (dSpeed < result.m_dMinSpeed)
-            result.m_dMinSpeed = dSpeed;
-        if (dSpeed > result.m_dMaxSpeed)
-            result.m_dMaxSpeed = dSpeed;
-        if (point.m_dHDOP > result.m_dHDOPMax)
-            result.m_dHDOPMax = point.m_dHDOP;
-        if (point.m_nSats < result.m_nSatsMin)
-            result.m_nSatsMin = point.m_nSats;
+        result.m_dMinSpeed = std::min(result.m_dMinSpeed, dSpeed);
+        result.m_dMaxSpeed = std::max(result.m_dMaxSpeed, dSpeed);
+        result.m_dHDOPMax = std::max(result.m_dHDOPMax, point.m_dHDOP);
+        result.m_nSatsMin = std::min(result.m_nSatsMin, point.m_nSats);
     }
     result.m_dDirection = dDirections / (j - i);
-    result.m_dWindAngle = PlainWindAngle(result.m_dDirection, series.m_dWindDirection);
-    result.m_dAltitude = start.m_nAltitude;
-    result.m_dAltChange = static_cast<double>(end.m_nAltitude) - start.m_nAltitude;
-    result.m_nRun = bDoppler ? start.m_nDopplerRun : start.m_nRun;
-    result.m_strCompetitor = person.m_strName;
-    result.m_strDivision = division.m_strName;
-    result.m_strSeries = series.m_strName;
+    result.m_dWindAngle = WindAngle(result.m_dDirection, series.m_dWindDirection);
+    result.m_nRun = PlainRun(series.m_points[i], bDoppler);
     const double e = series.m_dDopplerError != 0.0 ? series.m_dDopplerError : event.m_dDopplerError;
     if (bDoppler && e > 0.0) {
         result.m_dDopplerError =
@@ -206,22 +157,18 @@ inline CResult MakePlainCandidate(const CEvent& event, const CPerson& person, co
     return result;
 }
 
-/// True when `a` stands before `b`: slower, or as fast and earlier. No number is slower than any.
-inline bool PlainStandsBefore(const CResult& a, const CResult& b)
+/// The order of results: by speed, a number above none, then by start.
+inline std::pair<double, double> PlainOrder(const CResult& result)
 {
     const double dNone = -std::numeric_limits<double>::infinity();
-    const double dA = std::isnan(a.m_dSpeed) ? dNone : a.m_dSpeed;
-    const double dB = std::isnan(b.m_dSpeed) ? dNone : b.m_dSpeed;
-    return dA < dB || (dA == dB && a.m_timeStart.m_dDays < b.m_timeStart.m_dDays);
+    return {std::isnan(result.m_dSpeed) ? dNone : result.m_dSpeed, result.m_timeStart.m_dDays};
 }
 
 /// Inserts behind all that do not stand after the result.
 inline void PlainInsert(std::vector<CResult>& results, const CResult& result)
 {
-    std::size_t nPlace = results.size();
-    while (nPlace > 0 && PlainStandsBefore(result, results[nPlace - 1]))
-        --nPlace;
-    results.insert(results.begin() + static_cast<std::ptrdiff_t>(nPlace), result);
+    const auto StandsAfter = [&](const CResult& other) { return PlainOrder(result) < PlainOrder(other); };
+    results.insert(std::find_if(results.begin(), results.end(), StandsAfter), result);
 }
 
 inline std::vector<CResult> PlainCandidates(const CEvent& event, const CPerson& person, const CSeries& series,
@@ -232,40 +179,30 @@ inline std::vector<CResult> PlainCandidates(const CEvent& event, const CPerson& 
     const int n = points.GetCount();
     SPlainWindow window = MakePlainWindow(division, bDoppler);
     std::vector<CResult> candidates;
-    int i = 0;
-    int j = 1;
-    while (i < n - 1) {
-        if (!window.Start(points[i])) {
-            ++i;
+    for (int i = 0, j = 1, nNext = 1; i < n - 1; i = nNext) {
+        nNext = i + 1;
+        if (!window.Start(points[i]))
             continue;
-        }
-        if (window.NeedsRescan())
-            j = i + 1;
-        j = std::max(j, i + 1);
-        int nNext = i + 1;
-        while (j < n) {
+        j = window.NeedsRescan() ? i + 1 : std::max(j, i + 1);
+        for (; j < n; ++j) {
             const CTrackPoint& c = points[j];
-            const double dSpeed = bDoppler ? c.m_dDoppler : c.m_dSpeed;
-            const int nRun = bDoppler ? c.m_nDopplerRun : c.m_nRun;
-            const int nStartRun = bDoppler ? points[i].m_nDopplerRun : points[i].m_nRun;
-            if (division.m_bOneResultPerRun != 0 && (dSpeed < event.m_dStopRunSpeed || nRun != nStartRun)) {
+            const bool bOtherRun = PlainRun(c, bDoppler) != PlainRun(points[i], bDoppler);
+            const bool bStopped = (bDoppler ? c.m_dDoppler : c.m_dSpeed) < event.m_dStopRunSpeed;
+            if (division.m_bOneResultPerRun != 0 && (bStopped || bOtherRun)) {
                 nNext = j + 1;
                 break;
             }
             if (!window.Add(c)) {
                 nNext = j + 2;
-                j = j + 1;
+                ++j;
                 break;
             }
             if (window.Reached()) {
                 PlainInsert(candidates, MakePlainCandidate(event, person, series, division, window, i, j));
                 break;
             }
-            if (j + 1 == n)
-                break; // j stays at the last point
-            ++j;
         }
-        i = nNext;
+        j = std::min(j, n - 1);
     }
     return candidates;
 }
@@ -276,21 +213,17 @@ inline std::vector<CResult> PlainWindowResults(const CEvent& event, const CPerso
     std::vector<CResult> selected;
     const std::vector<CResult> candidates = PlainCandidates(event, person, series, division);
     for (auto it = candidates.rbegin(); it != candidates.rend(); ++it) {
-        bool bSkip = false;
-        for (const CResult& other : selected) {
-            if (division.m_bOneResultPerRun != 0 && other.m_nRun == it->m_nRun)
-                bSkip = true;
-            if (other.m_timeEnd.m_dDays > it->m_timeStart.m_dDays &&
-                other.m_timeStart.m_dDays < it->m_timeEnd.m_dDays)
-                bSkip = true;
-        }
-        if (bSkip)
+        const auto Excludes = [&](const CResult& other) {
+            return (division.m_bOneResultPerRun != 0 && other.m_nRun == it->m_nRun) ||
+                   (other.m_timeEnd.m_dDays > it->m_timeStart.m_dDays &&
+                    other.m_timeStart.m_dDays < it->m_timeEnd.m_dDays);
+        };
+        if (std::any_of(selected.begin(), selected.end(), Excludes))
             continue;
         CResult result = *it;
         result.m_nRank = static_cast<int>(selected.size()) + 1;
         PlainInsert(selected, result);
-        const int nSelected = static_cast<int>(selected.size());
-        if (nSelected >= event.m_nShowTopRows && nSelected >= division.m_nAverageRuns)
+        if (result.m_nRank >= event.m_nShowTopRows && result.m_nRank >= division.m_nAverageRuns)
             break;
     }
     return selected;
@@ -301,6 +234,7 @@ inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, i
 {
     if (N <= 1 || results.empty())
         return results;
+    using C = SResultValues;
     CResult combined = results.back();
     double dSquares = combined.m_dDopplerError * combined.m_dDopplerError;
     double dPosition = combined.m_dPosError * combined.m_dPosError;
@@ -316,10 +250,8 @@ inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, i
             combined.m_timeEnd = it->m_timeEnd;
             combined.m_posEnd = it->m_posEnd;
         }
-        for (double SResultValues::*pSum :
-             {&SResultValues::m_dDistance, &SResultValues::m_dDirection, &SResultValues::m_dWindAngle,
-              &SResultValues::m_dSpeed, &SResultValues::m_dSeconds, &SResultValues::m_dAltitude,
-              &SResultValues::m_dAltChange})
+        for (const auto pSum : {&C::m_dDistance, &C::m_dDirection, &C::m_dWindAngle, &C::m_dSpeed,
+                                &C::m_dAltitude, &C::m_dSeconds, &C::m_dAltChange})
             combined.*pSum += (*it).*pSum;
         combined.m_dMinSpeed = std::min(combined.m_dMinSpeed, it->m_dMinSpeed);
         combined.m_dMaxSpeed = std::max(combined.m_dMaxSpeed, it->m_dMaxSpeed);
@@ -330,12 +262,11 @@ inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, i
         dSquares += it->m_dDopplerError * it->m_dDopplerError;
         dPosition += it->m_dPosError * it->m_dPosError;
     }
-    for (double SResultValues::*pMean :
-         {&SResultValues::m_dDistance, &SResultValues::m_dDirection, &SResultValues::m_dWindAngle,
-          &SResultValues::m_dSpeed, &SResultValues::m_dAltitude})
+    for (const auto pMean :
+         {&C::m_dDistance, &C::m_dDirection, &C::m_dWindAngle, &C::m_dSpeed, &C::m_dAltitude})
         combined.*pMean /= N;
-    combined.m_dDopplerError = std::sqrt(dSquares) / N;
     combined.m_dPosError = std::sqrt(dPosition) / N;
+    combined.m_dDopplerError = std::sqrt(dSquares) / N;
     if (combined.m_dDopplerError > 0.0001)
         combined.m_dClaimed = combined.m_dSpeed - 2.0 * combined.m_dDopplerError;
     return {combined};

@@ -84,15 +84,11 @@ struct SRider
         }
     }
 
-    void Ride(CRandom& random, double dSeconds)
+    void Ride(CRandom& random, CPosition& position, double dSeconds)
     {
         dSpeed += std::clamp(dWanted - dSpeed, -12.0 * dSeconds, 6.0 * dSeconds);
         dHeading += dTurn * dSeconds + random.Between(-0.02, 0.02);
         dHeading = std::fmod(dHeading + 6.283185307179586, 6.283185307179586);
-    }
-
-    void Move(CRandom& random, CPosition& position, double dSeconds) const
-    {
         constexpr double dDegreesPerMetre = 1.0 / 111120.0;
         // On the beach the fix wanders by millimetres, where the distance can come out as no number.
         const double dMetres = bOnBeach ? random.Between(0.0, 0.02) : dSpeed / 3.6 * dSeconds;
@@ -100,14 +96,6 @@ struct SRider
         position.m_dLongitude += dMetres * std::sin(dHeading) * dDegreesPerMetre / 0.78;
     }
 };
-
-inline double RandomStep(CRandom& random, const STrackFaults& faults, double dInterval, int nThreshold)
-{
-    if (!random.Chance(faults.dTime))
-        return dInterval;
-    return random.OneOf({nThreshold + 0.0, nThreshold - 0.001, nThreshold + 0.001, 2.0 * nThreshold, 0.0,
-                         0.0004, 0.0009, -0.5, -3.0, -25.0, 3.0 * dInterval});
-}
 
 inline void MakeStale(CRandom& random, CTrackPoint& point)
 {
@@ -144,10 +132,12 @@ inline std::unique_ptr<CSeries> MakeRandomTrack(CRandom& random, const CEvent& e
     for (int i = 0; i < nPoints; ++i) {
         if (random.Chance(0.04))
             rider.Decide(random);
-        const double dStep = detail::RandomStep(random, faults, dInterval, event.m_nTimeThreshold);
-        dSecond += dStep;
-        rider.Ride(random, dInterval);
-        rider.Move(random, position, dInterval);
+        const double dGap = event.m_nTimeThreshold;
+        dSecond += !random.Chance(faults.dTime)
+                       ? dInterval
+                       : random.OneOf({dGap, dGap - 0.001, dGap + 0.001, 2.0 * dGap, 0.0, 0.0004, 0.0009,
+                                       -0.5, -3.0, -25.0, 3.0 * dInterval});
+        rider.Ride(random, position, dInterval);
         if (random.Chance(0.2))
             nAltitude += random.Below(7) - 3;
 

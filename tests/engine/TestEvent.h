@@ -24,11 +24,6 @@ public:
     void Show(double /*dFraction*/) override {}
     void End() override { ++m_nEnded; }
 
-    int Count(std::string_view strText) const
-    {
-        return static_cast<int>(std::count(m_begun.begin(), m_begun.end(), strText));
-    }
-
     std::vector<std::string> m_begun;
     int m_nEnded = 0;
 };
@@ -64,13 +59,10 @@ inline CResult& AddFound(CSeries& series, std::string_view strDivision, double d
                          double dEndSecond)
 {
     const auto IsRecord = [&](const CSeriesDivision* p) { return p->m_strDivision == strDivision; };
-    const auto found = std::find_if(series.m_divisions.begin(), series.m_divisions.end(), IsRecord);
-    CSeriesDivision* pRecord = found != series.m_divisions.end() ? *found : nullptr;
-    if (pRecord == nullptr) {
-        pRecord = &series.m_divisions.Add(std::make_unique<CSeriesDivision>());
-        pRecord->m_strDivision = strDivision;
-    }
-    CResult& result = pRecord->m_results.Add(std::make_unique<CResult>());
+    if (std::none_of(series.m_divisions.begin(), series.m_divisions.end(), IsRecord))
+        series.m_divisions.Add(std::make_unique<CSeriesDivision>()).m_strDivision = strDivision;
+    CSeriesDivision& record = **std::find_if(series.m_divisions.begin(), series.m_divisions.end(), IsRecord);
+    CResult& result = record.m_results.Add(std::make_unique<CResult>());
     result.m_dSpeed = dSpeed;
     result.m_timeStart = DATE(45444.0 + dStartSecond / SecondsPerDay);
     result.m_timeEnd = DATE(45444.0 + dEndSecond / SecondsPerDay);
