@@ -9,13 +9,12 @@
 #include "engine/Ranking.h"
 #include "engine/TrackPointDerivation.h"
 #include "geo/DistanceCalculator.h"
+#include "MedianReporter.h"
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <GeographicLib/Geodesic.hpp>
 #include <iomanip>
 #include <iostream>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -101,37 +100,15 @@ void MeasureDivisions(benchmark::State& state, const SSession& session)
     }
 }
 
-/// Keeps the times of all repetitions beside printing them.
-class CRatioReporter : public benchmark::ConsoleReporter
+class CRatioReporter : public CMedianReporter
 {
 public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration)
-                m_times[run.run_name.function_name].push_back(run.GetAdjustedCPUTime());
-        }
-    }
-
-    double Median(const std::string& strName)
-    {
-        std::vector<double>& times = m_times[strName];
-        if (times.empty())
-            return 0.0;
-        std::sort(times.begin(), times.end());
-        return times[times.size() / 2];
-    }
-
     void PrintRatio(const std::string& strName, const std::string& strOther, double dTarget)
     {
         std::cout << "| " << strName << " | " << std::fixed << std::setprecision(0) << Median(strName)
                   << " ms | " << strOther << ' ' << Median(strOther) << " ms | " << std::setprecision(2)
                   << Median(strName) / Median(strOther) << " | at most " << dTarget << " |\n";
     }
-
-private:
-    std::map<std::string, std::vector<double>> m_times;
 };
 
 void Register(const char* pName, void (*pMeasure)(benchmark::State&, const SSession&),

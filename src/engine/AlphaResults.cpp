@@ -2,6 +2,7 @@
 
 #include "engine/AlphaGrid.h"
 #include "engine/Candidate.h"
+#include "engine/IndexList.h"
 #include "engine/ResultBuilder.h"
 #include "engine/ResultList.h"
 #include "engine/TakenTimes.h"
@@ -18,29 +19,6 @@
 namespace kestrabel {
 
 namespace {
-
-/// Some indexes of points, ascending. Asked about one point after another, it seldom has to search.
-class CIndexList
-{
-public:
-    void Add(int nIndex) { m_indexes.push_back(nIndex); }
-
-    /// The first one behind an index, `nNone` when there is none.
-    int FirstAfter(int nIndex, int nNone)
-    {
-        if (nIndex < m_nFrom || nIndex >= m_nTo) {
-            const auto next = std::upper_bound(m_indexes.begin(), m_indexes.end(), nIndex);
-            m_nFrom = next == m_indexes.begin() ? 0 : *std::prev(next);
-            m_nTo = next == m_indexes.end() ? std::numeric_limits<int>::max() : *next;
-        }
-        return m_nTo == std::numeric_limits<int>::max() ? nNone : m_nTo;
-    }
-
-private:
-    std::vector<int> m_indexes;
-    int m_nFrom = 0; ///< where the answer is m_nTo
-    int m_nTo = 0;
-};
 
 /// The search for alphas. Each start is asked only for its best alpha, and for the next best when that one
 /// cannot be chosen: a long rest within a gate makes millions of pairs.

@@ -7,9 +7,11 @@
 #include "engine/SpeedSource.h"
 #include "engine/TakenTimes.h"
 #include "engine/WindowAccumulator.h"
+#include "engine/WindowSums.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -43,8 +45,11 @@ public:
 private:
     template <class TAccumulator>
     void Scan(TAccumulator& accumulator, CProgress& shown);
+    void ScanSums(CProgress& shown);
     bool EndsRun(const CTrackPoint& start, const CTrackPoint& point) const;
     void Keep(const SCandidate& candidate);
+    bool IsFree(const SCandidate& candidate) const;
+    std::optional<SCandidate> TakeFastest();
     void Measure(const SCandidate& candidate);
     std::unique_ptr<CResult> MakeWindowResult(const SCandidate& candidate);
 
@@ -59,6 +64,9 @@ private:
     CCandidateOrder m_isSlower;
     std::unique_ptr<CWindowAccumulator> m_pAccumulator;
     std::vector<SCandidate> m_candidates;
+    std::vector<SCandidate> m_estimated; ///< candidates with their speed or a bit more
+    CTakenTimes m_takenTimes;
+    std::set<std::int32_t> m_takenRuns;
 };
 
 /// A result of one run ends where the rider stops or the run does.
@@ -71,7 +79,9 @@ bool CWindowScan::EndsRun(const CTrackPoint& start, const CTrackPoint& point) co
 /// it is compiled with their `Add` inside.
 void CWindowScan::FindCandidates(CProgress& shown)
 {
-    if (auto* pTrack = dynamic_cast<CTrackAccumulator*>(m_pAccumulator.get()))
+    if (m_pAccumulator->NeedsRescan())
+        ScanSums(shown);
+    else if (auto* pTrack = dynamic_cast<CTrackAccumulator*>(m_pAccumulator.get()))
         Scan(*pTrack, shown);
     else if (auto* pDoppler = dynamic_cast<CDopplerAccumulator*>(m_pAccumulator.get()))
         Scan(*pDoppler, shown);
@@ -82,15 +92,14 @@ void CWindowScan::FindCandidates(CProgress& shown)
 template <class TAccumulator>
 void CWindowScan::Scan(TAccumulator& accumulator, CProgress& shown)
 {
-    const bool bRescan = accumulator.NeedsRescan();
     const int nCount = m_points.GetCount();
-    int nEnd = 1; // where the window has got to; stays between starts unless the accumulator rescans
+    int nEnd = 1; // where the window has got to; stays between starts
     for (int nStart = 0; nStart < nCount - 1;) {
         shown.Step();
         int nNextStart = nStart + 1;
         const CTrackPoint& start = m_points[nStart];
         if (accumulator.Start(start)) {
-            nEnd = bRescan ? nStart + 1 : std::max(nEnd, nStart + 1);
+            nEnd = std::max(nEnd, nStart + 1);
             while (nEnd < nCount) {
                 m_points.Prefetch(nEnd + PointsAhead);
                 const CTrackPoint& point = m_points[nEnd];
@@ -117,27 +126,79 @@ void CWindowScan::Scan(TAccumulator& accumulator, CProgress& shown)
     }
 }
 
+/// The same windows for an accumulator that rescans. How fast they are is known only nearly.
+void CWindowScan::ScanSums(CProgress& shown)
+{
+    const int nCount = m_points.GetCount();
+    CWindowSums sums(m_points, *m_pAccumulator);
+    CIndexList runEnds;
+    for (int i = 1; m_bOneResultPerRun && i < nCount; ++i) {
+        if (EndsRun(m_points[i - 1], m_points[i]))
+            runEnds.Add(i);
+    }
+    for (int nStart = 0; nStart < nCount - 1;) {
+        shown.Step();
+        int nNextStart = nStart + 1;
+        if (m_pAccumulator->IsValid(m_points[nStart])) {
+            const int nRunEnd = runEnds.FirstAfter(nStart, nCount);
+            const int nRefused = sums.FirstRefused(nStart);
+            const int nLimit = std::min(nRunEnd, nRefused);
+            if (const std::optional<SCandidate> window = sums.Find(nStart, nLimit))
+                m_estimated.push_back(*window);
+            else if (nLimit < nCount)
+                nNextStart = nRunEnd == nLimit ? nRunEnd + 1 : nRefused + 2;
+        }
+        nStart = nNextStart;
+    }
+}
+
+/// The fastest candidate that is left and can be chosen; nothing when there is none.
+std::optional<SCandidate> CWindowScan::TakeFastest()
+{
+    const auto TakeFrom = [this](std::vector<SCandidate>& heap) {
+        std::pop_heap(heap.begin(), heap.end(), m_isSlower);
+        const SCandidate candidate = heap.back();
+        heap.pop_back();
+        return candidate;
+    };
+    while (!m_candidates.empty() || !m_estimated.empty()) {
+        const bool bEstimated =
+            m_candidates.empty() ||
+            (!m_estimated.empty() && !m_isSlower(m_estimated.front(), m_candidates.front()));
+        SCandidate candidate = TakeFrom(bEstimated ? m_estimated : m_candidates);
+        if (!IsFree(candidate))
+            continue;
+        if (!bEstimated)
+            return candidate;
+        Measure(candidate);
+        candidate.dSpeed = m_pAccumulator->Speed();
+        m_candidates.push_back(candidate);
+        std::push_heap(m_candidates.begin(), m_candidates.end(), m_isSlower);
+    }
+    return std::nullopt;
+}
+
+/// Neither its time nor, where that counts, its run is taken.
+bool CWindowScan::IsFree(const SCandidate& candidate) const
+{
+    const CTrackPoint& start = m_points[candidate.nStart];
+    if (m_bOneResultPerRun && m_takenRuns.contains(m_source.Run(start)))
+        return false;
+    return !m_takenTimes.Overlaps(start.m_time, m_points[candidate.nEnd].m_time);
+}
+
 void CWindowScan::Select(CObjectArray<CResult>& results)
 {
-    // A heap, since only the fastest few are looked at.
+    // Heaps, since only the fastest few are looked at.
     std::make_heap(m_candidates.begin(), m_candidates.end(), m_isSlower);
-    CTakenTimes taken;
-    std::set<std::int32_t> takenRuns;
+    std::make_heap(m_estimated.begin(), m_estimated.end(), m_isSlower);
     const int nWanted = std::max<int>(m_event.m_nShowTopRows, m_division.m_nAverageRuns);
     int nSelected = 0;
-    while (!m_candidates.empty()) {
-        std::pop_heap(m_candidates.begin(), m_candidates.end(), m_isSlower);
-        const SCandidate candidate = m_candidates.back();
-        m_candidates.pop_back();
-        const CTrackPoint& start = m_points[candidate.nStart];
-        const CTrackPoint& end = m_points[candidate.nEnd];
-        if (m_bOneResultPerRun && takenRuns.contains(m_source.Run(start)))
-            continue;
-        if (taken.Overlaps(start.m_time, end.m_time))
-            continue;
-        takenRuns.insert(m_source.Run(start));
-        taken.Take(start.m_time, end.m_time);
-        std::unique_ptr<CResult> pResult = MakeWindowResult(candidate);
+    while (const std::optional<SCandidate> candidate = TakeFastest()) {
+        const CTrackPoint& start = m_points[candidate->nStart];
+        m_takenRuns.insert(m_source.Run(start));
+        m_takenTimes.Take(start.m_time, m_points[candidate->nEnd].m_time);
+        std::unique_ptr<CResult> pResult = MakeWindowResult(*candidate);
         pResult->m_nRank = ++nSelected;
         InsertInResultOrder(results, std::move(pResult));
         if (nSelected >= nWanted)

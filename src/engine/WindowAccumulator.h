@@ -64,6 +64,9 @@ public:
     }
 
     double Distance() const { return m_dDistance; } ///< km
+    /// What Reached compares with: km for a distance, else seconds.
+    double Target() const { return m_dTarget; }
+    bool IsDistance() const { return m_bIsDistance; }
 
     // What a window measured from the running totals of the points lasts is worked out when it is asked for:
     // most windows are only asked whether they have reached the target.
