@@ -61,8 +61,12 @@ void EnterInDivisions(CPerson& person, const CEvent& event)
 
 void LoadProject(std::string_view strPath, CEvent& event, std::string& strProjectPath)
 {
-    const std::string strBytes = ReadWhole(strPath);
-    CArchiveReader reader(strBytes);
+    ReadProject(ReadWhole(strPath), event, strProjectPath);
+}
+
+void ReadProject(std::string_view bytes, CEvent& event, std::string& strProjectPath)
+{
+    CArchiveReader reader(bytes);
     CEvent stored(event.m_dateStart);
     CopySettings(event, stored);
     const std::uint32_t nVersion = ReadEvent(reader, stored);

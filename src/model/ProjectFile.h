@@ -25,6 +25,9 @@ inline constexpr std::uint64_t MaxProjectFileSize = std::uint64_t{1} << 30U;
 /// over a good one.
 void LoadProject(std::string_view strPath, CEvent& event, std::string& strProjectPath);
 
+/// The same from the bytes of a project file. Throws CArchiveException only.
+void ReadProject(std::string_view bytes, CEvent& event, std::string& strProjectPath);
+
 /// Writes the project in the current form, and `strProjectPath` as the path that is stored in it. The file
 /// appears whole under its name or not at all: whatever fails, the old one stands (see
 /// CFile::EMode::Replace). Divisions that are no lap racing lose their waypoints, which are not stored.
