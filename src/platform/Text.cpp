@@ -19,14 +19,18 @@ constexpr std::array<char32_t, 32> HighControls = {
 
 void AppendUtf8(std::string& strText, char32_t c)
 {
-    // Windows-1252 has nothing beyond three bytes of UTF-8.
     if (c < 0x80) {
         strText += static_cast<char>(c);
     } else if (c < 0x800) {
         strText += static_cast<char>(0xC0 | (c >> 6));
         strText += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
+    } else if (c < 0x10000) {
         strText += static_cast<char>(0xE0 | (c >> 12));
+        strText += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        strText += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        strText += static_cast<char>(0xF0 | (c >> 18));
+        strText += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
         strText += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         strText += static_cast<char>(0x80 | (c & 0x3F));
     }
@@ -84,6 +88,26 @@ std::string ToUtf8(std::string_view bytes)
     for (const char c : bytes)
         AppendUtf8(strText, Windows1252CodePoint(static_cast<unsigned char>(c)));
     return strText;
+}
+
+std::string Utf16ToUtf8(std::u16string_view strText)
+{
+    const auto isHalf = [&](std::size_t i, char32_t cFirst) {
+        return i < strText.size() && (strText[i] & 0xFC00U) == cFirst;
+    };
+    constexpr char32_t cHigh = 0xD800;
+    constexpr char32_t cLow = 0xDC00;
+    std::string strUtf8;
+    for (std::size_t i = 0; i < strText.size(); ++i) {
+        if (isHalf(i, cHigh) && isHalf(i + 1, cLow)) {
+            const char32_t c = 0x10000 + ((strText[i] & 0x3FFU) << 10) + (strText[i + 1] & 0x3FFU);
+            AppendUtf8(strUtf8, c);
+            ++i;
+        } else {
+            AppendUtf8(strUtf8, isHalf(i, cHigh) || isHalf(i, cLow) ? Replacement : strText[i]);
+        }
+    }
+    return strUtf8;
 }
 
 std::size_t CountCharacters(std::string_view strUtf8)

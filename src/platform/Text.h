@@ -12,6 +12,9 @@ bool IsUtf8(std::string_view bytes);
 /// loggers and download programs that do not write UTF-8.
 std::string ToUtf8(std::string_view bytes);
 
+/// UTF-16 text in UTF-8; half a surrogate pair becomes U+FFFD.
+std::string Utf16ToUtf8(std::u16string_view strText);
+
 /// The Unicode code point of a Windows-1252 byte; U+FFFD for the five bytes that stand for nothing.
 char32_t Windows1252CodePoint(unsigned char c);
 

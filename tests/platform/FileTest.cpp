@@ -1,5 +1,6 @@
 #include "platform/File.h"
 
+#include "support/SmallDisk.h"
 #include "support/TemporaryFolder.h"
 
 #include <cerrno>
@@ -16,6 +17,7 @@
 namespace kestrabel {
 namespace {
 
+using test::CSmallDisk;
 using test::CTemporaryFolder;
 namespace fs = std::filesystem;
 using EMode = CFile::EMode;
@@ -51,29 +53,6 @@ EFileCause WriteWhole(const std::string& strPath, EMode mode, std::string_view b
         file.Commit();
     });
 }
-
-/// No file may grow past the limit, as on a disk with that much room left.
-class CSmallDisk
-{
-public:
-    explicit CSmallDisk(rlim_t nBytes) : m_pOldHandler(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limit{.rlim_cur = nBytes, .rlim_max = m_old.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~CSmallDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_pOldHandler);
-    }
-    CSmallDisk(const CSmallDisk&) = delete;
-    CSmallDisk& operator=(const CSmallDisk&) = delete;
-
-private:
-    rlimit m_old = {};
-    void (*m_pOldHandler)(int);
-};
 
 /// What `run` returns when a user without privileges runs it, in a process of its own: for root no file is
 /// protected.

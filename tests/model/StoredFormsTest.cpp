@@ -1,0 +1,301 @@
+#include "model/StoredForms.h"
+
+#include "model/OldForms.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrabel::test {
+namespace {
+
+/// Reads a body in one form; every byte of it must be used.
+template <class T>
+std::unique_ptr<T> ReadAll(std::string_view bytes, int nSchema)
+{
+    CArchiveReader reader(bytes);
+    auto pObject = std::make_unique<T>();
+    ReadBody(reader, *pObject, nSchema);
+    EXPECT_EQ(reader.Remaining(), 0U);
+    return pObject;
+}
+
+/// Reads the form, and changes what is expected by the rules that the layout alone does not show.
+template <class T>
+void CheckForm(const CLayout<T>& layout, int nSchema, void (*adjust)(std::map<std::string, double>&, int))
+{
+    SCOPED_TRACE(std::string(T::Class.strName) + " schema " + std::to_string(nSchema));
+    const SStoredBody<T> body = MakeBody<T>(layout, nSchema);
+    const std::unique_ptr<T> pObject = ReadAll<T>(body.bytes, nSchema);
+    std::map<std::string, double> expected = ExpectedValues<T>(layout, body.values, T());
+    if (adjust != nullptr)
+        adjust(expected, nSchema);
+    const std::map<std::string, double> actual = ActualValues<T>(layout, *pObject);
+    for (const auto& [strName, dValue] : expected)
+        EXPECT_DOUBLE_EQ(actual.at(strName), dValue) << strName;
+}
+
+/// Every form up to the current one, and one of the future.
+template <class T>
+void CheckEveryForm(const CLayout<T>& layout, void (*adjust)(std::map<std::string, double>&, int) = nullptr)
+{
+    for (int nSchema = 0; nSchema <= T::Class.nSchema + 1; ++nSchema)
+        CheckForm(layout, nSchema, adjust);
+    CheckForm(layout, 0xFFFF, adjust);
+}
+
+TEST(StoredForms, WayPoints)
+{
+    CheckEveryForm(WayPointLayout());
+}
+
+TEST(StoredForms, Divisions)
+{
+    CheckEveryForm(DivisionLayout(), [](std::map<std::string, double>& values, int nSchema) {
+        if (nSchema < 3)
+            values["m_nAverageRuns"] = 1;
+        if (nSchema < 10)
+            values["m_bStrict"] = values["m_bOneResultPerRun"];
+        if (nSchema == 9)
+            values["m_dProximity"] *= 0.001;
+        values["m_waypoints"] = 0; // the kind of the layout is none that has any
+    });
+}
+
+TEST(StoredForms, OldDivisionsForgetWhatTheObjectHeld)
+{
+    for (const int nSchema : {2, 3}) {
+        CDivision division;
+        division.m_nKind = DivisionKind::Splits;
+        division.m_nSeconds = 77;
+        const std::string bytes = MakeBody<CDivision>(DivisionLayout(), nSchema).bytes.Get();
+        CArchiveReader reader(bytes);
+        ReadBody(reader, division, nSchema);
+        EXPECT_EQ(division.m_nKind == DivisionKind::Distance, nSchema < 3);
+        EXPECT_EQ(division.m_nSeconds, nSchema < 3 ? 10 : 77);
+    }
+}
+
+TEST(StoredForms, ProximityInMetresBeforeSchema10)
+{
+    CArchiveBytes bytes;
+    bytes.Text("A").Double(500).Double(0).Double(0).Byte(1).Byte(0).Text("").Text("").Byte(3).Byte(1).Byte(0);
+    bytes.Byte(0).Dword(10).Dword(0).Dword(1).Dword(0).Double(0).Double(50.0).Double(0).Double(0);
+    const std::unique_ptr<CDivision> pDivision = ReadAll<CDivision>(bytes, 9);
+    EXPECT_EQ(pDivision->m_dProximity, 0.05);
+    EXPECT_EQ(pDivision->m_bStrict, 0) << "as one result per run";
+}
+
+TEST(StoredForms, OnlyLapRacingKeepsWaypoints)
+{
+    for (int nKind = 0; nKind <= 7; ++nKind) {
+        CDivision division;
+        division.m_nKind = static_cast<std::uint8_t>(nKind);
+        division.m_waypoints.Add(std::make_unique<CWayPoint>()).m_strName = "one";
+        division.m_waypoints.Add(std::make_unique<CWayPoint>()).m_strName = "two";
+        const bool bKept = nKind == DivisionKind::LapRacing;
+
+        CArchiveWriter writer;
+        WriteBody(writer, division);
+        EXPECT_EQ(writer.Bytes().find("two") != std::string::npos, bKept) << nKind;
+        EXPECT_EQ(ReadAll<CDivision>(writer.Bytes(), 10)->m_waypoints.GetCount(), bKept ? 2 : 0) << nKind;
+
+        // A file of another program may have them in spite of the kind.
+        division.m_nKind = DivisionKind::LapRacing;
+        CArchiveWriter withWaypoints;
+        WriteBody(withWaypoints, division);
+        std::string bytes = withWaypoints.Bytes();
+        const std::size_t nKindOffset = 1 + 3 * 8 + 2 + 2 * (1 + std::string("00:00:00").size());
+        ASSERT_EQ(bytes[nKindOffset], DivisionKind::LapRacing);
+        bytes[nKindOffset] = static_cast<char>(nKind);
+        EXPECT_EQ(ReadAll<CDivision>(bytes, 10)->m_waypoints.GetCount(), bKept ? 2 : 0) << nKind;
+    }
+}
+
+TEST(StoredForms, PointsOfOldFiles)
+{
+    CheckEveryForm(PointLayout(), [](std::map<std::string, double>& values, int /*nSchema*/) {
+        // Stored in seconds, held in days.
+        values["m_dDeltaTime"] = values["m_dDeltaTime"] * DaysPerSecond;
+    });
+    CArchiveBytes bytes;
+    bytes.Position(1, 2).Text("no date").Byte(9).Dword(0x00010041).Dword(0xFFFFFFFB).Dword(0xFFFFFFFF);
+    bytes.Double(1.0004999).Double(0).Double(0);
+    const std::unique_ptr<CTrackPoint> pPoint = ReadAll<CTrackPoint>(bytes, 2);
+    EXPECT_EQ(pPoint->m_dDeltaTime, DaysPerSecond) << "rounded to milliseconds";
+    EXPECT_FALSE(pPoint->m_time.IsValid());
+    EXPECT_EQ(pPoint->m_nInvalidFlags, 0x41U);
+    EXPECT_EQ(pPoint->m_nAltitude, -5);
+    EXPECT_EQ(pPoint->m_dHDOP, -1.0);
+}
+
+TEST(StoredForms, ResultsAndRecordsOfOldFiles)
+{
+    CheckEveryForm(ResultLayout());
+    CheckEveryForm(RecordLayout(), [](std::map<std::string, double>& values, int nSchema) {
+        if (nSchema < 3)
+            values["m_bFlag"] = 0;
+    });
+}
+
+TEST(StoredForms, TrackFilesOfOldFiles)
+{
+    CheckEveryForm(SeriesLayout());
+}
+
+TEST(StoredForms, CompetitorsOfOldFiles)
+{
+    CArchiveBytes bytes;
+    OneObject(bytes, SeriesLayout(), 5);
+    bytes.Word(2).Text("10 sec").Text("500 m").Text("Ann").Text("ann@x").Text("123").Text("AUS 7");
+    for (const int nSchema : {1, 2}) {
+        const std::unique_ptr<CPerson> pPerson = ReadAll<CPerson>(bytes, nSchema);
+        ASSERT_EQ(pPerson->m_series.GetCount(), 1);
+        EXPECT_EQ(pPerson->m_series[0].m_points.GetCount(), 1);
+        EXPECT_EQ(pPerson->m_series[0].m_divisions[0].m_results[0].m_nRank, 22);
+        EXPECT_EQ(pPerson->m_divisionNames, (std::vector<std::string>{"10 sec", "500 m"}));
+        EXPECT_EQ(pPerson->m_strName + pPerson->m_strEmail + pPerson->m_strPhone + pPerson->m_strNumber,
+                  "Annann@x123AUS 7");
+    }
+}
+
+/// An event file of that version up to the trailing double word. Its division is of the schema that tells
+/// that a version follows, or of the one before.
+std::string EventOf(int nVersion, std::map<std::string, double>& values)
+{
+    const SStoredBody<CEvent> head = MakeBody<CEvent>(EventHeadLayout(), nVersion);
+    const SStoredBody<CEvent> tail = MakeBody<CEvent>(EventTailLayout(), nVersion);
+    CArchiveBytes bytes;
+    bytes.Raw(head.bytes).Word(0);
+    OneObject(bytes, DivisionLayout(), nVersion >= 4 ? 6 : 5);
+    bytes.Dword(5).Double(1).Double(2);
+    if (nVersion >= 4)
+        bytes.Dword(static_cast<std::uint64_t>(nVersion)).Raw(tail.bytes);
+    values = head.values;
+    values.insert(tail.values.begin(), tail.values.end());
+    return bytes.Get();
+}
+
+CLayout<CEvent> EventLayout()
+{
+    CLayout<CEvent> layout = EventHeadLayout();
+    const CLayout<CEvent> tail = EventTailLayout();
+    layout.insert(layout.end(), tail.begin(), tail.end());
+    return layout;
+}
+
+/// Every member that may be left out by a file holds something else than in a new event.
+void FillWithOthers(CEvent& event)
+{
+    event.m_strDataFolder = "7/";
+    event.m_dMaxHDOP = event.m_dDeccThreshold = event.m_dSpeedThreshold = event.m_dZoom = 7;
+    event.m_dStopRunSpeed = event.m_dStopRunAngle = event.m_dTimezone = 7;
+    event.m_dDopplerError = event.m_dTrackpointError = 7;
+    event.m_nMinSats = event.m_bCaptureFocus = event.m_nSmoothing = 9;
+    event.m_nSpeedPrecision = event.m_nTimePrecision = event.m_nDistancePrecision = 9;
+    event.m_nLatLongPrecision = 9;
+    for (int i = 0; i < 3; ++i)
+        event.m_waypoints.Add(std::make_unique<CWayPoint>());
+}
+
+TEST(StoredForms, EventsOfEveryVersion)
+{
+    for (int nVersion = 3; nVersion <= 11; ++nVersion) {
+        SCOPED_TRACE("version " + std::to_string(nVersion));
+        CEvent event(DATE(1.0));
+        FillWithOthers(event);
+        std::map<std::string, double> values;
+        const std::string bytes = EventOf(nVersion, values);
+        std::map<std::string, double> expected = ExpectedValues<CEvent>(EventLayout(), values, event);
+        if (nVersion < 8)
+            expected["m_dZoom"] = 1.3;
+        if (nVersion <= 8) {
+            expected["m_nSpeedPrecision"] = 3;
+            expected["m_nTimePrecision"] = 0;
+            expected["m_nDistancePrecision"] = 2;
+            expected["m_nLatLongPrecision"] = 7;
+        }
+        CArchiveReader reader(bytes);
+        EXPECT_EQ(ReadEvent(reader, event), static_cast<std::uint32_t>(nVersion));
+        EXPECT_EQ(reader.Remaining(), 0U);
+        EXPECT_EQ(ActualValues<CEvent>(EventLayout(), event), expected);
+        EXPECT_EQ(event.m_divisions.GetCount(), 1);
+        EXPECT_EQ(event.m_ellipsoid.m_nEllipsoid, 5);
+        EXPECT_EQ(event.m_ellipsoid.m_dRadius, 6371000.0) << "the table's, not the file's";
+    }
+}
+
+TEST(StoredForms, StoredNothingHasAMeaning)
+{
+    CEvent event(DATE(1.0));
+    event.m_dStopRunSpeed = event.m_dStopRunAngle = 0.0;
+    CArchiveWriter writer;
+    WriteEvent(writer, event);
+    CArchiveReader reader(writer.Bytes());
+    ReadEvent(reader, event);
+    EXPECT_EQ(event.m_dStopRunSpeed, 10.0);
+    EXPECT_EQ(event.m_dStopRunAngle, 1.5707963267948966);
+
+    for (const auto& [nWritten, nRead] : {std::pair{0, 1}, {-5, 1}, {1, 1}, {20, 20}}) {
+        event.m_nSmoothing = nWritten;
+        CArchiveWriter once;
+        WriteEvent(once, event);
+        CArchiveReader again(once.Bytes());
+        ReadEvent(again, event);
+        EXPECT_EQ(event.m_nSmoothing, nRead) << "never written below 1";
+    }
+    // What an older program wrote.
+    event.m_nSmoothing = 0x01020304;
+    CArchiveWriter marked;
+    WriteEvent(marked, event);
+    for (const char cByte : {'\0', '\xFF'}) {
+        std::string bytes = marked.Bytes();
+        bytes.replace(bytes.find("\x04\x03\x02\x01"), 4, std::string(4, cByte));
+        CArchiveReader old(bytes);
+        ReadEvent(old, event);
+        EXPECT_EQ(event.m_nSmoothing, 3) << "0 and -1";
+    }
+}
+
+TEST(StoredForms, TheVersionFollowsTheFormOfAnyDivision)
+{
+    // An old division and a newer one in one file, in both orders.
+    for (const bool bNewFirst : {true, false}) {
+        const int nFirst = bNewFirst ? 6 : 5;
+        const int nSecond = bNewFirst ? 5 : 6;
+        CArchiveBytes bytes;
+        bytes.Raw(MakeBody<CEvent>(EventHeadLayout(), 4).bytes).Word(0).Word(2);
+        bytes.NewClass("CDivision", nFirst).Raw(MakeBody<CDivision>(DivisionLayout(), nFirst).bytes);
+        bytes.NewClass("CDivision", nSecond).Raw(MakeBody<CDivision>(DivisionLayout(), nSecond).bytes);
+        bytes.Dword(1).Double(0).Double(0).Dword(4).Text("d/");
+        CArchiveReader reader(bytes);
+        CEvent event(DATE(1.0));
+        EXPECT_EQ(ReadEvent(reader, event), 4U);
+        EXPECT_EQ(event.m_divisions.GetCount(), 2);
+        EXPECT_EQ(event.m_strDataFolder, "d/");
+    }
+}
+
+TEST(StoredForms, WithoutDivisionsTheVersionIsRecognised)
+{
+    const struct
+    {
+        std::uint32_t nWord;
+        bool bIsVersion;
+    } cases[] = {{0, false}, {1, false}, {3, false}, {4, true}, {10, true}, {11, false}, {0xFFFFFFFF, false}};
+    for (const auto& test : cases) {
+        const int nVersion = test.bIsVersion ? static_cast<int>(test.nWord) : 3;
+        CArchiveBytes bytes;
+        bytes.Raw(MakeBody<CEvent>(EventHeadLayout(), nVersion).bytes)
+            .Word(0)
+            .Word(1)
+            .Word(0); // a null element
+        bytes.Dword(1).Double(0).Double(0).Dword(test.nWord);
+        bytes.Raw(MakeBody<CEvent>(EventTailLayout(), nVersion).bytes);
+        CArchiveReader reader(bytes);
+        CEvent event(DATE(1.0));
+        EXPECT_EQ(ReadEvent(reader, event), static_cast<std::uint32_t>(nVersion)) << test.nWord;
+        EXPECT_EQ(reader.Remaining(), test.bIsVersion ? 0U : 4U) << test.nWord;
+    }
+}
+
+} // namespace
+} // namespace kestrabel::test
