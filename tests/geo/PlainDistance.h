@@ -11,88 +11,62 @@ namespace kestrabel::test {
 inline double PlainDistance(const CEllipsoid& ellipsoid, const CPosition& from, const CPosition& to,
                             double& dAzimuth)
 {
-    const double pi = 3.141592653589793;
-    const double a = ellipsoid.m_dRadius;
-    const double f = 1.0 / ellipsoid.m_dInvFlattening;
-    const double phi1 = from.m_dLatitude * 0.017453292519943295;
-    const double lambda1 = from.m_dLongitude * 0.017453292519943295;
-    const double phi2 = to.m_dLatitude * 0.017453292519943295;
-    const double lambda2 = to.m_dLongitude * 0.017453292519943295;
-    const bool bCoincide = phi1 == phi2 && lambda1 == lambda2;
-
-    const double b = (1.0 - f) * a;
+    const double pi = 3.141592653589793, degree = 0.017453292519943295;
+    const double a = ellipsoid.m_dRadius, f = 1.0 / ellipsoid.m_dInvFlattening, b = (1.0 - f) * a;
+    const double phi1 = from.m_dLatitude * degree, lambda1 = from.m_dLongitude * degree;
+    const double phi2 = to.m_dLatitude * degree, lambda2 = to.m_dLongitude * degree;
     const double L = lambda2 - lambda1;
-    const double U1 = std::atan((1.0 - f) * std::tan(phi1));
-    const double U2 = std::atan((1.0 - f) * std::tan(phi2));
+    const double U1 = std::atan((1.0 - f) * std::tan(phi1)), U2 = std::atan((1.0 - f) * std::tan(phi2));
     const double sinU1 = std::sin(U1), cosU1 = std::cos(U1);
     const double sinU2 = std::sin(U2), cosU2 = std::cos(U2);
 
-    double lambda = L;
-    double sqrSinSigma = std::pow(sinU2 * cosU1 - sinU1 * cosU2 * std::cos(lambda), 2) +
+    struct SState
+    {
+        double sqrSinSigma, sinSigma, cosSigma, sinAlpha, sqrCosAlpha, cos2SigmaM, C;
+    };
+    const auto At = [&](double lambda) {
+        SState at = {};
+        at.sqrSinSigma = std::pow(sinU2 * cosU1 - sinU1 * cosU2 * std::cos(lambda), 2) +
                          std::pow(std::sin(lambda), 2) * std::pow(cosU2, 2);
-    double cosSigma = sinU1 * sinU2 + cosU1 * cosU2 * std::cos(lambda);
-    double sinLambda = std::sin(lambda);
+        at.sinSigma = std::sqrt(at.sqrSinSigma);
+        at.cosSigma = sinU1 * sinU2 + cosU1 * cosU2 * std::cos(lambda);
+        at.sinAlpha = at.sqrSinSigma == 0.0 ? 0.0 : std::sin(lambda) * cosU1 * cosU2 / at.sinSigma;
+        at.sqrCosAlpha = std::pow(std::cos(std::asin(at.sinAlpha)), 2);
+        at.cos2SigmaM = at.cosSigma - 2.0 * sinU1 * sinU2 / at.sqrCosAlpha;
+        at.C = f / 16.0 * at.sqrCosAlpha * (4.0 + f * (4.0 - 3.0 * at.sqrCosAlpha));
+        return at;
+    };
+    const auto Longitude = [&](const SState& at) {
+        const double inner = at.cos2SigmaM + at.C * at.cosSigma * (2.0 * std::pow(at.cos2SigmaM, 2) - 1.0);
+        return L + (1.0 - at.C) * f * at.sinAlpha * (std::acos(at.cosSigma) + at.C * at.sinSigma * inner);
+    };
 
-    double lambdaPrevious = L;
-    double lambdaNext = L;
-    double s = 0.0;
+    double lambda = L, lambdaNext = L, s = 0.0;
     for (int nIteration = 1; nIteration <= 5; ++nIteration) {
-        double sinSigma = std::sqrt(sqrSinSigma);
-        double sinAlpha = sqrSinSigma == 0.0 ? 0.0 : sinLambda * cosU1 * cosU2 / sinSigma;
-        double alpha = std::asin(sinAlpha);
-        double sqrCosAlpha = std::pow(std::cos(alpha), 2);
-        double cos2SigmaM = sqrCosAlpha == 0.0 ? 0.0 : cosSigma - 2.0 * sinU1 * sinU2 / sqrCosAlpha;
-        double C = f / 16.0 * sqrCosAlpha * (4.0 + f * (4.0 - 3.0 * sqrCosAlpha));
-        double sigma = std::acos(cosSigma);
-        const double lambdaNew =
-            L +
-            (1.0 - C) * f * sinAlpha *
-                (sigma + C * sinSigma * (cos2SigmaM + C * cosSigma * (2.0 * std::pow(cos2SigmaM, 2) - 1.0)));
-
-        lambda = lambdaNew;
-        sqrSinSigma = std::pow(sinU2 * cosU1 - sinU1 * cosU2 * std::cos(lambda), 2) +
-                      std::pow(std::sin(lambda), 2) * std::pow(cosU2, 2);
-        cosSigma = sinU1 * sinU2 + cosU1 * cosU2 * std::cos(lambda);
-        sinLambda = std::sin(lambda);
-        sinSigma = std::sqrt(sqrSinSigma);
-        double sigmaD = std::atan(sinSigma / cosSigma);
-        if (sigmaD < 0.0)
-            sigmaD += pi;
-        sinAlpha = sqrSinSigma == 0.0 ? 0.0 : sinLambda * cosU1 * cosU2 / sinSigma;
-        alpha = std::asin(sinAlpha);
-        sqrCosAlpha = std::pow(std::cos(alpha), 2);
-        cos2SigmaM = cosSigma - 2.0 * sinU1 * sinU2 / sqrCosAlpha;
-
-        const double u2 = sqrCosAlpha * (a * a - b * b) / (b * b);
+        const double lambdaPrevious = lambda;
+        lambda = Longitude(At(lambdaPrevious));
+        const SState at = At(lambda);
+        lambdaNext = Longitude(at);
+        double sigma = std::atan(at.sinSigma / at.cosSigma);
+        if (sigma < 0.0)
+            sigma += pi;
+        const double u2 = at.sqrCosAlpha * (a * a - b * b) / (b * b);
         const double A = 1.0 + u2 / 16384.0 * (4096.0 + u2 * (-768.0 + u2 * (320.0 - 175.0 * u2)));
         const double B = u2 / 1024.0 * (256.0 + u2 * (-128.0 + u2 * (74.0 - 47.0 * u2)));
-        C = f / 16.0 * sqrCosAlpha * (4.0 + f * (4.0 - 3.0 * sqrCosAlpha));
-        sigma = std::acos(cosSigma);
-        lambdaNext =
-            L +
-            (1.0 - C) * f * sinAlpha *
-                (sigma + C * sinSigma * (cos2SigmaM + C * cosSigma * (2.0 * std::pow(cos2SigmaM, 2) - 1.0)));
-
-        const double deltaSigma = B * sinSigma *
-                                  (cos2SigmaM + B / 4.0 *
-                                                    (cosSigma * (2.0 * std::pow(cos2SigmaM, 2) - 1.0) -
-                                                     B / 6.0 * cos2SigmaM * (4.0 * sqrSinSigma - 3.0) *
-                                                         (4.0 * std::pow(cos2SigmaM, 2) - 3.0)));
-        s = bCoincide ? 0.0 : b * A * (sigmaD - deltaSigma);
-        if (std::abs(lambdaPrevious - lambdaNew) <= 1e-5)
+        const double sqrCos2 = std::pow(at.cos2SigmaM, 2);
+        const double third = B / 6.0 * at.cos2SigmaM * (4.0 * at.sqrSinSigma - 3.0) * (4.0 * sqrCos2 - 3.0);
+        const double second = B / 4.0 * (at.cosSigma * (2.0 * sqrCos2 - 1.0) - third);
+        s = phi1 == phi2 && lambda1 == lambda2 ? 0.0
+                                               : b * A * (sigma - B * at.sinSigma * (at.cos2SigmaM + second));
+        if (std::abs(lambdaPrevious - lambda) <= 1e-5)
             break;
-        lambdaPrevious = lambdaNew;
     }
 
     const double Y = sinU2 * cosU1 - sinU1 * cosU2 * std::cos(lambdaNext);
-    double t = 0.0;
-    if (std::abs(Y) <= 1e-6) {
-        const double g = Y < 0.0 ? -1.0 : 1.0;
-        t = g * std::sin(lambdaNext) * cosU2 > 0.0 ? 1.7976931348623157e308 : -1.7976931348623157e308;
-    } else {
-        t = std::sin(lambdaNext) * cosU2 / Y;
-    }
-    dAzimuth = std::atan(t);
+    const double east = std::sin(lambdaNext) * cosU2;
+    dAzimuth = std::abs(Y) > 1e-6               ? std::atan(east / Y)
+               : (Y < 0.0 ? -east : east) > 0.0 ? pi / 2.0
+                                                : -pi / 2.0;
     if (phi1 == phi2)
         dAzimuth = lambda1 < lambda2 ? pi / 2.0 : 4.71238898038469;
     else if (phi1 > phi2)

@@ -5,7 +5,7 @@
 
 namespace kestrabel::test {
 
-/// No file may grow past the limit, as on a disk with that much room left.
+/// As long as it lives no file may grow past the limit, as on a disk with that much room left.
 class CSmallDisk
 {
 public:
