@@ -1,7 +1,9 @@
 #include "formats/TrackFileDispatcher.h"
 
+#include "formats/BinaryLogBytes.h"
 #include "formats/PointText.h"
 #include "formats/ScriptedPrompt.h"
+#include "formats/SirfBytes.h"
 #include "support/TemporaryFolder.h"
 #include "support/Track.h"
 
@@ -31,7 +33,41 @@ std::string Gpx(int nPoints, std::string_view strBehind = "")
     return strText.append(strBehind).append("</trkseg></trk></gpx>");
 }
 
+/// So many messages, records or lines of the other formats, from 10:00 on.
+std::string Sirf(int nPoints)
+{
+    std::string bytes;
+    for (int n = 0; n < nPoints; ++n)
+        bytes += Frame(Navigation(static_cast<std::uint16_t>(n * 1000)));
+    return bytes;
+}
+
+std::string BinaryLog(int nPoints)
+{
+    std::string bytes;
+    for (int n = nPoints; n-- > 0;)
+        bytes += RecordAt(static_cast<std::uint32_t>(n));
+    return bytes;
+}
+
+std::string Pcx5(int nPoints, std::string_view strBehind = "")
+{
+    std::string strText;
+    for (int n = 0; n < nPoints; ++n)
+        strText += "T 1 2 01-Jun-24 10:00:0" + std::to_string(n) + " 0\r\n";
+    return strText.append(strBehind);
+}
+
+std::string Gardown(int nPoints, std::string_view strBehind = "")
+{
+    std::string strText;
+    for (int n = 0; n < nPoints; ++n)
+        strText += "T 1 2 Sat Jun 1 10:00:0" + std::to_string(n) + " 2024\r\n";
+    return strText.append(strBehind);
+}
+
 const std::string Noon = "2024-06-01T12:00:00";
+const std::string Ten = "2024-06-01T10:00:00";
 constexpr std::string_view BadLine = "$GPRMC,1\r\n";
 
 TEST(TrackFileDispatcher, Import)
@@ -53,7 +89,20 @@ TEST(TrackFileDispatcher, Import)
         {"trackgpx", Gpx(2), false, 2, Noon, 7, EImportEnd::Complete},
         {"a.txt", Log(3), false, 3, Noon, 2, EImportEnd::Complete},
         {"A.NMEA", Log(2), false, 2, Noon, 2, EImportEnd::Complete},
+        {"a.sbn", Sirf(3), false, 3, Ten, 1, EImportEnd::Complete},
+        {"a.sbp", BinaryLog(3), false, 3, Ten, 3, EImportEnd::Complete},
+        {"A.BIN", BinaryLog(2), false, 2, Ten, 3, EImportEnd::Complete},
+        {"a.trk", Pcx5(3), false, 3, Ten, 7, EImportEnd::Complete},
+        {"a.gtr", Gardown(3), false, 3, Ten, 7, EImportEnd::Complete},
+        {"a.gd", Gardown(2), false, 2, Ten, 7, EImportEnd::Complete},
+        {"A.GDM", Gardown(2), false, 2, Ten, 7, EImportEnd::Complete},
         // Fewer than 2 points are none.
+        {"a.sbn", Sirf(1), false, 0, strNever, 1, EImportEnd::Complete},
+        {"a.sbn", "", false, 0, strNever, 1, EImportEnd::Failed},
+        {"a.sbp", BinaryLog(1), false, 0, strNever, 3, EImportEnd::Complete},
+        {"a.sbp", "", false, 0, strNever, 3, EImportEnd::Failed},
+        {"a.trk", Pcx5(1), false, 0, strNever, 7, EImportEnd::Complete},
+        {"a.gtr", Gardown(1), false, 0, strNever, 7, EImportEnd::Complete},
         {"a.gpx", Gpx(1), false, 0, strNever, 7, EImportEnd::Complete},
         {"a.gpx", Gpx(0), false, 0, strNever, 7, EImportEnd::Complete},
         {"a.txt", Log(1), false, 0, strNever, 2, EImportEnd::Complete},
@@ -66,6 +115,9 @@ TEST(TrackFileDispatcher, Import)
         {"a.txt", Log(4, BadLine), true, 3, strNever, 2, EImportEnd::Stopped},
         {"a.txt", Log(2, BadLine), true, 1, strNever, 2, EImportEnd::Stopped},
         {"a.txt", Log(4, BadLine), false, 4, Noon, 2, EImportEnd::Complete},
+        {"a.trk", Pcx5(1, "T\r\n"), true, 1, strNever, 7, EImportEnd::Stopped},
+        {"a.trk", Pcx5(1, "T 1 2 01-Jun-24 10:00:00.100 0"), false, 1, strNever, 7, EImportEnd::Stopped},
+        {"a.gtr", Gardown(2, "T\r\n"), true, 2, Ten, 7, EImportEnd::Complete},
     };
     for (const SCase& one : cases) {
         const CTemporaryFolder folder;
@@ -222,6 +274,7 @@ TEST(TrackFileDispatcher, Saves)
         {"a.txt", false, false, true, true},
         {"a.txt.bak", false, false, true, true},
         {"a.nmea", false, false, false, false},
+        {"a.sbn", false, false, false, false},
         {"a.csv", false, false, false, false},
         {"a", false, false, false, false},
         // A stored name is lower case unless that would be another file; a chosen one is taken as it is.
@@ -252,6 +305,27 @@ TEST(TrackFileDispatcher, Saves)
                       bExpected)
                 << one.strName << bPoints;
         }
+    }
+}
+
+TEST(TrackFileDispatcher, SavesInTheFormatOfTheName)
+{
+    const std::string strBinary("\x2E\x00\xA0\xA2", 4);
+    const std::pair<std::string, std::string> cases[] = {
+        {"a.sbp", strBinary},   {"a.bin", strBinary},  {"a.sbp.txt", strBinary}, {"a.trk", "H  SOFTWARE"},
+        {"a.gtr", "+1.000000"}, {"a.gd", "+1.000000"}, {"a.gdm", "+1.000000"},
+    };
+    for (const auto& [strName, strStart] : cases) {
+        const CTemporaryFolder folder;
+        CImportMonitor monitor;
+        CSeries series;
+        FillSeries(series);
+        series.m_strFileName = folder.Path(strName);
+        EXPECT_TRUE(SaveTrackFile(monitor, series)) << strName;
+        EXPECT_TRUE(CTemporaryFolder::Read(folder.Path(strName)).starts_with(strStart)) << strName;
+        EXPECT_TRUE(SavePoints(monitor, folder.Path("other" + strName), series, series.m_points)) << strName;
+        EXPECT_EQ(CTemporaryFolder::Read(folder.Path("other" + strName)),
+                  CTemporaryFolder::Read(folder.Path(strName)));
     }
 }
 
