@@ -1,0 +1,72 @@
+#include "formats/DeviceText.h"
+
+#include <gtest/gtest.h>
+
+namespace kestrabel::test {
+namespace {
+
+std::string Fields(std::string_view bytes)
+{
+    CSeries series;
+    series.m_strIdentifier = series.m_strSerialNo = series.m_strFirmware = series.m_strInfo = "before";
+    series.m_nLogRate = 77;
+    SetDeviceFields(bytes, series);
+    return series.m_strIdentifier + "|" + series.m_strSerialNo + "|" + std::to_string(series.m_nLogRate) +
+           "|" + series.m_strFirmware + "|" + series.m_strInfo;
+}
+
+TEST(DeviceText, Fields)
+{
+    const std::string strLong(300, 'x');
+    const std::string strCut(31, 'x');
+    const struct
+    {
+        std::string bytes;
+        std::string fields;
+    } cases[] = {
+        {"", "||0||"},
+        {"a", "a||0||"},
+        {"a,b,5,c,d", "a|b|5|c|d"},
+        {" a, b, 5, c, d", " a| b|5| c| d"},
+        {"a,b,5,c", "a|b|5|c|"},
+        {",,,,", "||0||"},
+        {"a,b,5,c,d,e", "a|b|5|c|d"},
+        {"\"a,b\",5,c", "\"a|b\"|5|c|"},
+        {"a,b,fast,c,d", "a|b|0|c|d"},
+        {"a,b,-1,c,d", "a|b|-1|c|d"},
+        {"a,b,99999999999,c,d", "a|b|2147483647|c|d"},
+        {std::string("a,b\0c,5", 7), "a|b|0||"},
+        {"J\xF6rg,b,1", "J\xC3\xB6rg|b|1||"}, // Windows-1252
+        {"J\xC3\xB6rg,b,1", "J\xC3\xB6rg|b|1||"},
+        {strLong + "," + strLong + ",1," + strLong + "," + strLong,
+         strCut + "|" + strCut + "|1|" + strCut + "|" + std::string(223, 'x')},
+    };
+    for (const auto& test : cases)
+        EXPECT_EQ(Fields(test.bytes), test.fields) << test.bytes;
+}
+
+TEST(DeviceText, IsCutBetweenCharacters)
+{
+    EXPECT_EQ(CutText("abc", 3), "abc");
+    EXPECT_EQ(CutText("abc", 2), "ab");
+    EXPECT_EQ(CutText("a\xC3\xB6z", 2), "a");
+    EXPECT_EQ(CutText("a\xC3\xB6z", 3), "a\xC3\xB6");
+    EXPECT_EQ(CutText("\xE2\x82\xAC", 2), "");
+    EXPECT_EQ(CutText("abc", 0), "");
+}
+
+TEST(DeviceText, WrittenTextGainsABlank)
+{
+    CSeries series;
+    EXPECT_EQ(MakeDeviceText(series), " ,,0,,Kestro1.917");
+    series.m_strIdentifier = "GT";
+    series.m_strSerialNo = "83";
+    series.m_nLogRate = 5;
+    series.m_strFirmware = "V1";
+    series.m_strInfo = "is not kept";
+    EXPECT_EQ(MakeDeviceText(series), " GT,83,5,V1,Kestro1.917");
+    EXPECT_EQ(Fields(MakeDeviceText(series)), " GT|83|5|V1|Kestro1.917");
+}
+
+} // namespace
+} // namespace kestrabel::test
