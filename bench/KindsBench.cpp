@@ -125,7 +125,7 @@ void Register(const std::string& strName, const SSession& session, TMeasure&& me
                                          measure();
                                  })
         ->Iterations(1)
-        ->Repetitions(3)
+        ->Repetitions(7)
         ->Unit(benchmark::kMillisecond);
 }
 

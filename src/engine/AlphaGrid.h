@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/Series.h"
+#include "platform/LargeVector.h"
 
 #include <span>
 #include <vector>
@@ -67,7 +68,7 @@ private:
     int m_nColumns;
     int m_nRows;
     std::vector<std::size_t> m_starts; ///< one more than there are cells
-    std::vector<int> m_points;
+    CLargeVector<int> m_points;
 };
 
 } // namespace kestrabel

@@ -9,6 +9,7 @@
 #include "geo/Angle.h"
 #include "geo/Proximity.h"
 #include "geo/Segment.h"
+#include "platform/LargeVector.h"
 
 #include <algorithm>
 #include <limits>
@@ -78,11 +79,11 @@ private:
     CIndexList m_runStarts;
     CIndexList m_invalid; ///< points that no alpha may contain
     bool m_bPathGrows = true;
-    std::vector<bool> m_outside;         ///< per point, beyond the constraints; empty when none is
-    std::vector<double> m_latestOutside; ///< per entry of the grid: the latest time of those before it
+    std::vector<bool> m_outside;          ///< per point, beyond the constraints; empty when none is
+    CLargeVector<double> m_latestOutside; ///< per entry of the grid: the latest time of those before it
     std::vector<SRunInCell> m_runsInCells;
 
-    std::vector<SCandidate> m_candidates; ///< the best that is left of every start
+    CLargeVector<SCandidate> m_candidates; ///< the best that is left of every start
     CTakenTimes m_taken;
 };
 

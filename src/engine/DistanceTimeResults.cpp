@@ -8,13 +8,13 @@
 #include "engine/TakenTimes.h"
 #include "engine/WindowAccumulator.h"
 #include "engine/WindowSums.h"
+#include "platform/LargeVector.h"
 
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <set>
 #include <string>
-#include <vector>
 
 namespace kestrabel {
 
@@ -63,8 +63,8 @@ private:
     bool m_bOneCandidatePerRun; ///< see Keep
     CCandidateOrder m_isSlower;
     std::unique_ptr<CWindowAccumulator> m_pAccumulator;
-    std::vector<SCandidate> m_candidates;
-    std::vector<SCandidate> m_estimated; ///< candidates with their speed or a bit more
+    CLargeVector<SCandidate> m_candidates;
+    CLargeVector<SCandidate> m_estimated; ///< candidates with their speed or a bit more
     CTakenTimes m_takenTimes;
     std::set<std::int32_t> m_takenRuns;
 };
@@ -155,7 +155,7 @@ void CWindowScan::ScanSums(CProgress& shown)
 /// The fastest candidate that is left and can be chosen; nothing when there is none.
 std::optional<SCandidate> CWindowScan::TakeFastest()
 {
-    const auto TakeFrom = [this](std::vector<SCandidate>& heap) {
+    const auto TakeFrom = [this](CLargeVector<SCandidate>& heap) {
         std::pop_heap(heap.begin(), heap.end(), m_isSlower);
         const SCandidate candidate = heap.back();
         heap.pop_back();

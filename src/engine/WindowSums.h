@@ -3,10 +3,10 @@
 #include "engine/Candidate.h"
 #include "engine/IndexList.h"
 #include "engine/WindowAccumulator.h"
+#include "platform/LargeVector.h"
 
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace kestrabel {
 
@@ -57,7 +57,7 @@ private:
 
     const CObjectArray<CTrackPoint>& m_points;
     CWindowAccumulator& m_accumulator;
-    std::vector<STotals> m_totals; ///< per point, from the start of the file
+    CLargeVector<STotals> m_totals; ///< per point, from the start of the file
     CIndexList m_refused;
     CIndexList m_noDistance;  ///< points with whose step the distance is not a number any more
     CIndexList m_oddDistance; ///< points whose step the totals leave out
