@@ -3,6 +3,9 @@
 #include "formats/TrackFormat.h"
 #include "platform/Path.h"
 
+#include <algorithm>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 namespace kestrabel {
@@ -23,6 +26,14 @@ std::string_view RefusalOf(std::string_view strExtension, const STrackFormat* pF
     if (strExtension == ".sbn")
         return SirfRefused;
     return pFormat == nullptr || pFormat->pWrite == nullptr ? UnknownRefused : std::string_view();
+}
+
+bool HasFractions(const CSeries& series)
+{
+    return std::any_of(series.m_points.begin(), series.m_points.end(), [](const CTrackPoint* pPoint) {
+        const std::optional<SCalendar> calendar = pPoint->m_time.ToCalendar();
+        return calendar && calendar->nMillisecond != 0;
+    });
 }
 
 /// Why the write failed, without the file's name.
@@ -51,6 +62,12 @@ EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutp
         return EExitStatus::Failed;
     }
 
+    std::error_code error;
+    if (std::filesystem::equivalent(FindFile(strInput), std::string(strOutput), error)) {
+        messages.About(strOutput, "would replace the file that is read");
+        return EExitStatus::Failed;
+    }
+
     CSeries series;
     series.m_strName = FileTitle(strInput);
     series.m_strFileName = StoredFileName(strInput);
@@ -61,6 +78,8 @@ EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutp
     if (nPoints == 0)
         return report.Status();
 
+    if (strExtension != ".sbp" && strExtension != ".bin" && HasFractions(series))
+        messages.About(strOutput, "times are written to the whole second");
     CImportMonitor writeMonitor(&report.Prompt());
     if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points))
         return report.Status();

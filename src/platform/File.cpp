@@ -90,7 +90,9 @@ EFileCause CFile::Open(std::string_view strPath, EMode mode)
         return CauseOfOpen(errno, m_strPath);
 
     struct stat status = {};
-    if (::fstat(m_nHandle, &status) == 0 && S_ISDIR(status.st_mode)) {
+    const bool bKnown = ::fstat(m_nHandle, &status) == 0;
+    const bool bEndless = mode == EMode::Read && S_ISCHR(status.st_mode); // such as /dev/zero
+    if (bKnown && (bEndless || S_ISDIR(status.st_mode))) {
         Close();
         return EFileCause::AccessDenied;
     }

@@ -16,7 +16,7 @@ namespace kestrabel {
 ///
 /// Three ways to open:
 ///
-///   Read      read only; a folder is refused with "The file could not be accessed".
+///   Read      read only; a folder or device is refused with "The file could not be accessed".
 ///   Create    write, creating or truncating the file in place (exports).
 ///   Replace   write to a new file beside the target; `Commit` brings it to the disk and renames it over
 ///             the target, keeping the target's permissions. Until then, and after any failure, the old
