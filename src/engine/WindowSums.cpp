@@ -7,9 +7,9 @@ namespace kestrabel {
 
 namespace {
 
-constexpr double UnitsPerKilometre = 0x1p40;
-constexpr double KilometresPerUnit = 0x1p-40;
-constexpr double LongestWindow = 0x1p22; // km, so that a sum of all steps fits
+constexpr double UnitsPerKilometre = 0x1p45;
+constexpr double KilometresPerUnit = 0x1p-45;
+constexpr double LongestWindow = 0x1p17; // km, so that a sum of all steps fits
 constexpr double LongestStep = 8.0;      // km; a longer one is a lost position
 constexpr double LongestTime = 1e6;      // seconds
 constexpr double MillisecondsPerSecond = 1000.0;
