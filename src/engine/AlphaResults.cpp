@@ -118,8 +118,7 @@ void CAlphaScan::NotePoints()
         if (i == 0)
             continue;
         const CTrackPoint& previous = m_points[i - 1];
-        // The last point of a file has no run of its own.
-        if (i < nCount - 1 && m_source.Run(point) != m_source.Run(previous))
+        if (m_source.Run(point) != m_source.Run(previous))
             m_runStarts.Add(i);
         if (!(m_source.Path(point) >= m_source.Path(previous)))
             m_bPathGrows = false;

@@ -405,6 +405,19 @@ TEST_F(AlphaResults, TotalsThatAreNoNumbersGiveNoFastAlpha)
         EXPECT_FALSE(pResult->m_dSpeed > 0.0);
 }
 
+TEST_F(AlphaResults, APathThatGetsShorterIsSearchedToItsEnd)
+{
+    // A receiver can give negative speeds. The return begins too far away and comes near.
+    SailForthAndBack();
+    m_track.division.m_nCalcUsing = CalcUsing::Doppler;
+    StartOnlyAt(10);
+    const std::string strFound = Find();
+    ASSERT_NE(strFound, "");
+    for (int i = 21; i < 27; ++i)
+        m_track.Point(i).m_dTotalDopplerDistance = 10.0;
+    EXPECT_EQ(Find(), strFound);
+}
+
 TEST(AlphaGrid, CellsAreNeverSmallerThanTheProximity)
 {
     struct SCase
