@@ -2,7 +2,8 @@
 //
 //     kestrabel-kinds [SHORT LONG] [Google Benchmark options]
 //
-// SHORT and LONG are numbers of fixes. Prints Google Benchmark's own table, then for each kind the median on
+// SHORT and LONG are numbers of fixes sailed; every hundred thousand have an hour at anchor in their
+// middle. Prints Google Benchmark's own table, then for each kind the median on
 // the long session, its ratio to one derivation of the points, and how many times the short session's it is,
 // as a Markdown table. Ends with status 1 when a target is missed.
 
@@ -12,6 +13,7 @@
 #include "engine/TrackPointDerivation.h"
 #include "MedianReporter.h"
 #include "platform/NumberInput.h"
+#include "simulator/RandomSource.h"
 #include "simulator/SessionSimulator.h"
 
 #include <cstdint>
@@ -40,7 +42,36 @@ struct SSession
         options.nSeed = 7;
         options.nFixes = nFixes;
         SimulateSession(options, *pSeries);
+        LieAtAnchor();
         CalculateTrackPoints(event, *pPerson, *pSeries, NoProgress());
+    }
+
+    /// Puts an hour at anchor into every hundred thousand fixes: nothing but the noise of the positions.
+    void LieAtAnchor()
+    {
+        constexpr int nBetween = 100000;
+        constexpr int nHour = 18000;
+        constexpr double dStep = 0.2 * DaysPerSecond;
+        CObjectArray<CTrackPoint> sailed;
+        sailed.TakeAll(pSeries->m_points);
+        CRandomSource random(11);
+        double dLater = 0.0; // days by which the hours so far have put off the rest
+        for (int i = 0; i < sailed.GetCount(); ++i) {
+            CTrackPoint& fix = sailed[i];
+            fix.m_time = fix.m_time.Plus(dLater);
+            pSeries->m_points.Add(std::make_unique<CTrackPoint>(fix));
+            if ((i + 1) % nBetween != nBetween / 2)
+                continue;
+            for (int n = 1; n <= nHour; ++n) {
+                auto pRest = std::make_unique<CTrackPoint>(fix);
+                pRest->m_time = fix.m_time.Plus(n * dStep);
+                pRest->m_position.m_dLatitude += 1e-7 * random.Normal();
+                pRest->m_position.m_dLongitude += 1e-7 * random.Normal();
+                pRest->m_dDoppler = 0.3 * random.Uniform();
+                pSeries->m_points.Add(std::move(pRest));
+            }
+            dLater += nHour * dStep;
+        }
     }
 
     CEvent event;
@@ -125,7 +156,7 @@ void Register(const std::string& strName, const SSession& session, TMeasure&& me
                                          measure();
                                  })
         ->Iterations(1)
-        ->Repetitions(7)
+        ->Repetitions(9)
         ->Unit(benchmark::kMillisecond);
 }
 
@@ -155,14 +186,14 @@ bool PrintTable(CMedianReporter& reporter, const SSession& shortOne, const SSess
               << shortOne.pSeries->m_points.GetCount() << " | target |\n|---|---|---|---|---|---|\n"
               << std::fixed << std::setprecision(2);
     for (const auto& pKind : kinds) {
-        const double dMedian = reporter.Median(NameOf(pKind->strName, longOne));
+        const double dLong = reporter.Median(NameOf(pKind->strName, longOne));
         const double dShort = reporter.Median(NameOf(pKind->strName, shortOne));
-        if (dMedian == 0.0 || dShort == 0.0)
+        if (dLong == 0.0 || dShort == 0.0)
             continue; // filtered out
-        const double dRatio = dMedian / dDerivation;
-        const double dGrowth = dMedian / dShort;
+        const double dRatio = dLong / dDerivation;
+        const double dGrowth = dLong / dShort;
         bMet = bMet && dGrowth <= MostGrowth && (!pKind->bHasRatioTarget || dRatio <= MostRatio);
-        std::cout << "| " << pKind->strName << " | " << dMedian << " ms | " << dRatio << " | ";
+        std::cout << "| " << pKind->strName << " | " << dLong << " ms | " << dRatio << " | ";
         if (pKind->bHasRatioTarget)
             std::cout << "at most " << MostRatio;
         std::cout << " | " << dGrowth << " | at most " << MostGrowth << " |\n";
