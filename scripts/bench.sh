@@ -29,6 +29,11 @@ echo "## The engine"
 "$programs/kestrabel-bench" "$session.gpx" 2> /dev/null | grep '^|'
 
 echo
+echo "## Every kind of division"
+"$programs/kestrabel-kinds" "$((fixes / 10))" "$fixes" 2> /dev/null | grep '^|' ||
+  echo "A target was missed."
+
+echo
 echo "## Whole processes, processor time, in pairs"
 echo
 echo "| Work on $fixes fixes | Kestrabel | gpsbabel | ratio | target | peak memory |"

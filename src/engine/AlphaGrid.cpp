@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace kestrabel {
 
 namespace {
 
 constexpr double OneThirtieth = 0.03333333333333333;
+constexpr std::int16_t NoCell = -1; // there are no more than 32 × 32
 
 double CellSize(double dExtent, double dDegrees)
 {
@@ -39,21 +41,25 @@ CAlphaGrid::CAlphaGrid(const CSeries& series, double dDegrees)
       m_nRows(CountOf(series.m_rcBounds.m_dNorth - m_dSouth, m_dHeight)),
       m_starts(static_cast<std::size_t>(m_nColumns) * static_cast<std::size_t>(m_nRows) + 1)
 {
-    const auto CellOf = [&](const CTrackPoint& point) {
-        return static_cast<std::size_t>(CellAt(ColumnOf(point.m_position), RowOf(point.m_position)));
-    };
-    // Sorted by counting: first how many there are in each cell, then where each goes.
-    for (const CTrackPoint* pPoint : series.m_points) {
-        if (Holds(*pPoint))
-            ++m_starts[CellOf(*pPoint) + 1];
+    // Sorted by counting: first the cell of each and how many there are in it, then where each goes.
+    const CObjectArray<CTrackPoint>& points = series.m_points;
+    CLargeVector<std::int16_t> cells;
+    cells.reserve(static_cast<std::size_t>(points.GetCount()));
+    for (const CTrackPoint* pPoint : points) {
+        int nCell = NoCell;
+        if (Holds(*pPoint)) {
+            nCell = CellAt(ColumnOf(pPoint->m_position), RowOf(pPoint->m_position));
+            ++m_starts[static_cast<std::size_t>(nCell) + 1];
+        }
+        cells.push_back(static_cast<std::int16_t>(nCell));
     }
     for (std::size_t i = 1; i < m_starts.size(); ++i)
         m_starts[i] += m_starts[i - 1];
     m_points.resize(m_starts.back());
     std::vector<std::size_t> next(m_starts);
-    for (int i = 0; i < series.m_points.GetCount(); ++i) {
-        if (Holds(series.m_points[i]))
-            m_points[next[CellOf(series.m_points[i])]++] = i;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        if (cells[i] != NoCell)
+            m_points[next[static_cast<std::size_t>(cells[i])]++] = static_cast<int>(i);
     }
 }
 

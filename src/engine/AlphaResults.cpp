@@ -58,6 +58,7 @@ private:
     std::optional<SCandidate> FindBest(int nStart, const SCandidate* pBehind);
     void SearchCell(int nCell, const SStart& start, const SCandidate* pBehind,
                     std::optional<SCandidate>& best);
+    bool IsTooLate(const CTrackPoint& end, const SStart& start, const SCandidate& best) const;
     std::size_t FirstOfRun(int nCell, int nNextRun);
     bool PassesGate(const SStart& start, int nEnd);
     std::unique_ptr<CResult> MakeAlpha(const SCandidate& candidate) const;
@@ -118,8 +119,7 @@ void CAlphaScan::NotePoints()
         if (i == 0)
             continue;
         const CTrackPoint& previous = m_points[i - 1];
-        // The last point of a file has no run of its own.
-        if (i < nCount - 1 && m_source.Run(point) != m_source.Run(previous))
+        if (m_source.Run(point) != m_source.Run(previous))
             m_runStarts.Add(i);
         if (!(m_source.Path(point) >= m_source.Path(previous)))
             m_bPathGrows = false;
@@ -218,6 +218,8 @@ void CAlphaScan::SearchCell(int nCell, const SStart& start, const SCandidate* pB
         const double dPath = m_source.Path(point) - start.dPath;
         if (dPath > m_dLongest || dPath < m_dShortest || nPoint >= start.nFirstInvalid)
             return;
+        if (best.has_value() && IsTooLate(point, start, *best))
+            return;
         if (!PassesGate(start, nPoint))
             continue;
         const SCandidate candidate{PathSpeed(dPath, SecondsBetween(start.time, point.m_time)), start.nIndex,
@@ -229,6 +231,18 @@ void CAlphaScan::SearchCell(int nCell, const SStart& start, const SCandidate* pB
         if (!m_taken.Overlaps(start.time, point.m_time))
             best = candidate;
     }
+}
+
+/// True when no alpha that ends there or later is as fast as one that is known: even the longest would take
+/// too long. A rest after the run is not searched fix by fix.
+bool CAlphaScan::IsTooLate(const CTrackPoint& end, const SStart& start, const SCandidate& best) const
+{
+    constexpr double dHoursPerDay = 24.0;
+    constexpr double dMargin = 1.001;
+    constexpr double dOneSecond = DaysPerSecond; // far more than rounding the duration can take away
+    return m_series.m_bInTimeOrder &&
+           (end.m_time.m_dDays - start.time.m_dDays - dOneSecond) * dHoursPerDay * best.dSpeed >
+               m_dLongest * dMargin;
 }
 
 std::size_t CAlphaScan::FirstOfRun(int nCell, int nNextRun)

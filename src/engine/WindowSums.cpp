@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace kestrabel {
 
 namespace {
 
-constexpr double UnitsPerKilometre = 0x1p40;
-constexpr double KilometresPerUnit = 0x1p-40;
-constexpr double LongestWindow = 0x1p22; // km, so that a sum of all steps fits
-constexpr double LongestStep = 8.0;      // km; a longer one is a lost position
-constexpr double LongestTime = 1e6;      // seconds
+constexpr double LongestStep = 1e5; // km; more than twice around the Earth
+constexpr double LongestTime = 1e6; // seconds
+constexpr int CoarserBy = 4;        // bits
 constexpr double MillisecondsPerSecond = 1000.0;
 constexpr double Rounding = 0x1p-52; // twice what one operation may be off, of its result
 
@@ -46,8 +45,8 @@ void CWindowSums::AddStep(int nPoint, double dDistance, double dSeconds, STotals
 {
     if (std::isnan(dDistance))
         m_noDistance.Add(nPoint);
-    else if (dDistance >= 0.0 && dDistance <= std::min(LongestStep, LongestWindow / m_points.GetCount()))
-        totals.nDistance += std::llround(dDistance * UnitsPerKilometre);
+    else if (dDistance >= 0.0 && dDistance <= LongestStep)
+        AddDistance(dDistance, totals);
     else
         m_oddDistance.Add(nPoint);
     if (dSeconds >= 0.0 && dSeconds <= LongestTime)
@@ -56,15 +55,27 @@ void CWindowSums::AddStep(int nPoint, double dDistance, double dSeconds, STotals
         m_oddTime.Add(nPoint);
 }
 
+/// A track so long that its total does not fit is counted in coarser units from the start.
+void CWindowSums::AddDistance(double dDistance, STotals& totals)
+{
+    while (totals.nDistance > std::numeric_limits<std::int64_t>::max() / 2) {
+        m_dUnit *= 1 << CoarserBy;
+        totals.nDistance >>= CoarserBy;
+        for (STotals& earlier : m_totals)
+            earlier.nDistance >>= CoarserBy;
+    }
+    totals.nDistance += std::llround(dDistance / m_dUnit);
+}
+
 CWindowSums::SEstimate CWindowSums::Estimate(int nStart, int nEnd) const
 {
     const STotals& start = m_totals[static_cast<std::size_t>(nStart)];
     const STotals& end = m_totals[static_cast<std::size_t>(nEnd)];
     const double dSteps = nEnd - nStart + 8; // some operations more than there are steps
-    const double dDistance = static_cast<double>(end.nDistance - start.nDistance) * KilometresPerUnit;
+    const double dDistance = static_cast<double>(end.nDistance - start.nDistance) * m_dUnit;
     const double dRelative = dSteps * Rounding;
     return {.dDistance = dDistance,
-            .dDistanceError = dSteps * KilometresPerUnit + dDistance * dRelative,
+            .dDistanceError = dSteps * m_dUnit + dDistance * dRelative,
             .dSeconds = static_cast<double>(end.nMilliseconds - start.nMilliseconds) / MillisecondsPerSecond,
             .dRelativeError = dRelative};
 }

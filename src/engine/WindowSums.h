@@ -14,7 +14,7 @@ namespace kestrabel {
 /// time. A rider who rests at anchor for an hour otherwise costs the square of that hour.
 ///
 /// What a point adds to a window does not depend on where the window started, so running totals tell nearly
-/// where each window ends. They are kept in whole units (2^-40 km and milliseconds), which can be
+/// where each window ends. They are kept in whole units (2^-45 km and milliseconds), which can be
 /// subtracted without loss; what the accumulator's own rounding may differ from them is bounded. Where that
 /// bound leaves a doubt, and around steps that are no ordinary ones (a clock that ran backwards, a negative
 /// speed), the accumulator itself is asked. The ends found are those it finds, always.
@@ -36,7 +36,7 @@ public:
 private:
     struct STotals
     {
-        std::int64_t nDistance = 0; ///< 2^-40 km
+        std::int64_t nDistance = 0; ///< m_dUnit km each
         std::int64_t nMilliseconds = 0;
     };
     /// What the totals say about a window, and by how much the accumulator may differ.
@@ -48,6 +48,7 @@ private:
         double dRelativeError; ///< of either sum, by the accumulator's rounding
     };
 
+    void AddDistance(double dDistance, STotals& totals);
     void AddStep(int nPoint, double dDistance, double dSeconds, STotals& totals);
     SEstimate Estimate(int nStart, int nEnd) const;
     bool IsClearlyBelow(const SEstimate& estimate) const;
@@ -58,6 +59,7 @@ private:
     const CObjectArray<CTrackPoint>& m_points;
     CWindowAccumulator& m_accumulator;
     CLargeVector<STotals> m_totals; ///< per point, from the start of the file
+    double m_dUnit = 0x1p-45;       ///< km
     CIndexList m_refused;
     CIndexList m_noDistance;  ///< points with whose step the distance is not a number any more
     CIndexList m_oddDistance; ///< points whose step the totals leave out
