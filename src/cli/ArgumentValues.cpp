@@ -1,5 +1,6 @@
 #include "cli/ArgumentValues.h"
 
+#include "model/WayPoint.h"
 #include "platform/NumberInput.h"
 #include "platform/Text.h"
 
@@ -12,6 +13,8 @@ namespace {
 
 constexpr double MaxLatitude = 90.0;
 constexpr double MaxLongitude = 180.0;
+constexpr double MaxProximity = 1000.0; // metres
+constexpr double MetresToKilometres = 0.001;
 
 /// The text before and behind the first "=".
 bool SplitAtEquals(const std::string& strText, std::string& strName, std::string& strValue)
@@ -60,6 +63,25 @@ SSettingArgument ReadSetting(const std::string& strText)
     if (!SplitAtEquals(strText, setting.strName, setting.strValue))
         throw CCommandLineError("--set " + strText + ": expected NAME=VALUE");
     return setting;
+}
+
+SCheckPointArgument ReadCheckPoint(const std::string& strText)
+{
+    std::vector<std::string> parts;
+    for (std::size_t nStart = 0; nStart <= strText.size();) {
+        const std::size_t nComma = std::min(strText.find(',', nStart), strText.size());
+        parts.push_back(strText.substr(nStart, nComma - nStart));
+        nStart = nComma + 1;
+    }
+    double dMetres = 0.0;
+    const bool bGiven = parts.size() == 4;
+    if ((parts.size() != 3 && !bGiven) || parts[0].empty() ||
+        (bGiven && (!IsDecimal(parts[3], dMetres) || dMetres < 0.0 || dMetres > MaxProximity)))
+        throw CCommandLineError("--checkpoint " + strText +
+                                ": expected NAME,LAT,LON[,METRES] with 0 to 1000 metres");
+    return {.strName = ToUtf8(parts[0]),
+            .position = ReadPosition(parts[1], "--checkpoint LAT", parts[2], "--checkpoint LON"),
+            .dProximity = bGiven ? dMetres * MetresToKilometres : CWayPoint().m_dProximity};
 }
 
 CPosition ReadPosition(const std::string& strLatitude, const char* pLatitudeName,

@@ -17,6 +17,8 @@ enum class ECommand
     Info,
     Convert,
     Distance,
+    ShowProject,
+    NewProject,
     ShowText ///< print `strText` (help, version) and end
 };
 
@@ -41,6 +43,14 @@ struct SSettingArgument
     std::string strValue;
 };
 
+/// "NAME,LAT,LON[,METRES]": a checkpoint in every track file.
+struct SCheckPointArgument
+{
+    std::string strName; ///< UTF-8
+    CPosition position;
+    double dProximity; ///< km
+};
+
 /// The end points and the measure of `distance`.
 struct SDistanceArguments
 {
@@ -56,13 +66,17 @@ struct SArguments
     ECommand command = ECommand::ShowText;
     EFormat format = EFormat::Table;
     std::vector<SEntryArgument> entries;
-    std::vector<std::string> files; ///< of the unnamed competitor; the one of `points`; IN of `convert`
+    std::vector<std::string> files; ///< of the unnamed competitor; the one of `points`; IN of `convert`; the
+                                    ///< project of `project`
+    std::string strProject;         ///< empty = a new default project
+    std::vector<SCheckPointArgument> checkpoints;
     std::vector<SSettingArgument> settings;
     std::vector<std::string> divisions; ///< as written; empty = all
     std::string strOutput;              ///< OUT of `convert`
     SDistanceArguments distance;
     bool bStrict = false;
     bool bAllFields = false;
+    bool bForce = false;
     std::string strText;
 };
 

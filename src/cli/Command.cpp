@@ -6,6 +6,7 @@
 #include "cli/EventBuilder.h"
 #include "cli/InfoCommand.h"
 #include "cli/PointsCommand.h"
+#include "cli/ProjectCommands.h"
 #include "cli/RankingCommands.h"
 #include "cli/TerminalProgress.h"
 
@@ -36,7 +37,8 @@ EExitStatus RunOnEvent(const SArguments& arguments, CImportReport& report, CMess
     CTerminalProgress terminal(std::cerr);
     CProgressDisplay& progress = ::isatty(STDERR_FILENO) != 0 ? terminal : NoProgress();
     CEvent event;
-    SetUpEvent(event, arguments.settings);
+    if (!SetUpEvent(event, arguments, messages))
+        return EExitStatus::Unreadable;
     const std::vector<const CDivision*> divisions = ChooseDivisions(event, arguments.divisions);
     AddCompetitors(event, arguments, report, progress);
     if (!report.HasPoints())
@@ -64,6 +66,8 @@ EExitStatus RunCommand(const SArguments& arguments, CImportReport& report, CMess
         return EExitStatus::Done;
     case ECommand::Convert:
         return ConvertTrackFile(arguments.files.front(), arguments.strOutput, report, messages);
+    case ECommand::ShowProject: return ShowProject(arguments, messages, output);
+    case ECommand::NewProject: return MakeProject(arguments, messages);
     default: return RunOnEvent(arguments, report, messages, output);
     }
 }

@@ -3,6 +3,7 @@
 #include "cli/ArgumentValues.h"
 #include "cli/CommandTable.h"
 #include "platform/NumberInput.h"
+#include "platform/Path.h"
 
 #include <CLI/CLI.hpp>
 
@@ -19,6 +20,16 @@ constexpr const char* Description =
     "Judges GPS speed events from the track files of the riders' loggers: finds and ranks each\n"
     "competitor's best runs in every division.";
 
+/// The name of a command in the table: "results", "project show"; of the tool itself empty.
+std::string FullName(const CLI::App& app)
+{
+    const CLI::App* pParent = app.get_parent();
+    if (pParent == nullptr)
+        return {};
+    const std::string strGroup = FullName(*pParent);
+    return strGroup.empty() ? app.get_name() : strGroup + " " + app.get_name();
+}
+
 /// The usage line as our rows have it: CLI11's own cannot say "FILE...".
 class CHelpFormatter final : public CLI::Formatter
 {
@@ -27,9 +38,10 @@ public:
 
     std::string make_usage(const CLI::App* pApp, std::string /*strName*/) const override
     {
-        const SCommandRow* pRow = FindCommand(pApp->get_name());
+        const std::string strFullName = FullName(*pApp);
+        const SCommandRow* pRow = FindCommand(strFullName);
         if (pRow == nullptr)
-            return "Usage: kestrabel-cli COMMAND ...\n";
+            return "Usage: kestrabel-cli " + strFullName + (strFullName.empty() ? "" : " ") + "COMMAND ...\n";
         return "Usage: " + CommandStart(*pRow) + " [OPTIONS]\n";
     }
 };
@@ -52,14 +64,17 @@ struct SRawArguments
     std::vector<std::string> files;
     std::vector<std::string> entries;
     std::vector<std::string> settings;
+    std::vector<std::string> checkpoints;
     std::vector<std::string> divisions;
     std::vector<std::string> output;
     std::vector<std::string> coordinates;
+    std::vector<std::string> project;
     std::string strFormat;
     std::string strEllipsoid = "WGS84";
     std::string strUnit = "k";
     bool bStrict = false;
     bool bAllFields = false;
+    bool bForce = false;
 };
 
 void AddFiles(CLI::App& app, SRawArguments& raw, const std::string& strDescription)
@@ -73,10 +88,15 @@ void AddOneFile(CLI::App& app, SRawArguments& raw, const std::string& strName,
     AddTexts(app, strName, raw.files, strDescription)->type_name("")->required();
 }
 
-void AddSettings(CLI::App& app, SRawArguments& raw)
+/// What the event is besides its competitors.
+void AddEvent(CLI::App& app, SRawArguments& raw)
 {
+    AddTexts(app, "--project", raw.project, "The event of this file; a new project when not given")
+        ->type_name("FILE.rsp");
     AddTexts(app, "--set", raw.settings, "One setting of the event, in internal units; repeatable")
         ->type_name("NAME=VALUE");
+    AddTexts(app, "--checkpoint", raw.checkpoints, "A checkpoint in every track file; repeatable")
+        ->type_name("NAME,LAT,LON[,METRES]");
 }
 
 void AddStrict(CLI::App& app, SRawArguments& raw)
@@ -104,7 +124,7 @@ void AddRanking(CLI::App& app, SRawArguments& raw)
     AddFiles(app, raw, "Track files of one unnamed competitor");
     AddTexts(app, "--entry", raw.entries, "One competitor with track files; repeatable")
         ->type_name("\"NAME=FILE[,FILE]...\"");
-    AddSettings(app, raw);
+    AddEvent(app, raw);
     AddTexts(app, "--division", raw.divisions, "Only this division; repeatable")->type_name("NAME");
     AddFormat(app, raw, {"table", "csv", "json"});
     AddStrict(app, raw);
@@ -117,7 +137,7 @@ void AddArguments(CLI::App& app, ECommand command, SRawArguments& raw)
     case ECommand::Leaderboard: AddRanking(app, raw); break;
     case ECommand::Points:
         AddOneFile(app, raw, "FILE", "The track file");
-        AddSettings(app, raw);
+        AddEvent(app, raw);
         AddFormat(app, raw, {"csv", "json"});
         app.add_flag("--all-fields", raw.bAllFields, "All columns of the CSV form instead of the usual ones");
         AddStrict(app, raw);
@@ -142,8 +162,35 @@ void AddArguments(CLI::App& app, ECommand command, SRawArguments& raw)
                   "Kilometres (when not given), statute miles or nautical miles");
         AddFormat(app, raw, {"table", "json"});
         break;
+    case ECommand::ShowProject:
+        AddOneFile(app, raw, "FILE.rsp", "The project file");
+        AddFormat(app, raw, {"table", "json"});
+        break;
+    case ECommand::NewProject:
+        AddOneFile(app, raw, "FILE.rsp", "The project file to write");
+        app.add_flag("--force", raw.bForce, "Replace a file that exists; without it that is refused");
+        break;
     case ECommand::ShowText: break;
     }
+}
+
+/// A command under its name, or under its group's.
+CLI::App& AddCommand(CLI::App& app, const SCommandRow& row)
+{
+    const std::string strName(row.strName);
+    const std::size_t nBlank = strName.find(' ');
+    if (nBlank == std::string::npos)
+        return *app.add_subcommand(strName, std::string(row.strDescription))->group("Commands");
+    const std::string strGroup = strName.substr(0, nBlank);
+    const std::vector<CLI::App*> groups =
+        app.get_subcommands([&](const CLI::App* pApp) { return pApp->get_name() == strGroup; });
+    CLI::App* pGroup =
+        groups.empty() ? app.add_subcommand(strGroup, "Show or make a project file") : groups.front();
+    pGroup->require_subcommand(1)
+        ->group("Commands")
+        ->footer("kestrabel-cli " + strGroup + " COMMAND --help explains a command.");
+    return *pGroup->add_subcommand(strName.substr(nBlank + 1), std::string(row.strDescription))
+                ->group("Commands");
 }
 
 SDistanceArguments ReadDistance(const SCommandRow& row, const SRawArguments& raw)
@@ -176,12 +223,21 @@ SArguments ReadArguments(const SCommandRow& row, const SRawArguments& raw)
     std::transform(raw.entries.begin(), raw.entries.end(), std::back_inserter(arguments.entries), ReadEntry);
     std::transform(raw.settings.begin(), raw.settings.end(), std::back_inserter(arguments.settings),
                    ReadSetting);
+    std::transform(raw.checkpoints.begin(), raw.checkpoints.end(), std::back_inserter(arguments.checkpoints),
+                   ReadCheckPoint);
+    if (raw.project.size() > 1)
+        RefuseCommandLine(row, "--project: expected one file");
+    if (!raw.project.empty())
+        arguments.strProject = raw.project.back();
+    arguments.bForce = raw.bForce;
     if (row.command == ECommand::Distance) {
         arguments.distance = ReadDistance(row, raw);
         return arguments;
     }
     if (arguments.files.empty() && arguments.entries.empty())
         RefuseCommandLine(row, "a track file is expected");
+    if (row.command == ECommand::NewProject && ToLower(FileExtension(arguments.files.front())) != ".rsp")
+        RefuseCommandLine(row, arguments.files.front() + ": a project's name ends in .rsp");
     if (row.command == ECommand::Convert)
         arguments.strOutput = raw.output.front();
     return arguments;
@@ -221,15 +277,16 @@ SArguments ParseCommandLine(const std::vector<std::string>& arguments)
     // Every command has texts of its own, so that none sees what another one's options would leave.
     std::vector<SRawArguments> raw(table.size());
     for (std::size_t i = 0; i < table.size(); ++i) {
-        CLI::App* pCommand =
-            app.add_subcommand(std::string(table[i].strName), std::string(table[i].strDescription));
-        pCommand->group("Commands")->footer(HelpFooter(table.subspan(i, 1)));
-        AddArguments(*pCommand, table[i].command, raw[i]);
+        CLI::App& command = AddCommand(app, table[i]);
+        command.footer(HelpFooter(table.subspan(i, 1)));
+        AddArguments(command, table[i].command, raw[i]);
     }
     // The command that the arguments name, as far as they were understood.
     const auto findNamed = [&] {
-        const std::vector<CLI::App*> named = app.get_subcommands();
-        return named.empty() ? nullptr : FindCommand(named.front()->get_name());
+        const CLI::App* pNamed = &app;
+        while (!pNamed->get_subcommands().empty())
+            pNamed = pNamed->get_subcommands().front();
+        return FindCommand(FullName(*pNamed));
     };
     try {
         app.parse(Reversed(arguments));

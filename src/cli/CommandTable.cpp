@@ -8,16 +8,17 @@ namespace kestrabel {
 namespace {
 
 constexpr const char* RankingOptions =
-    R"([--entry "NAME=FILE[,FILE]..."]... [--set NAME=VALUE]... [--division NAME]... )"
-    "[--format table|csv|json] [--strict]";
+    R"([--entry "NAME=FILE[,FILE]..."]... [--project FILE.rsp] [--set NAME=VALUE]... )"
+    "[--checkpoint NAME,LAT,LON[,METRES]]... [--division NAME]... [--format table|csv|json] [--strict]";
 
-constexpr std::array<SCommandRow, 6> Commands = {{
+constexpr std::array<SCommandRow, 8> Commands = {{
     {ECommand::Results, "results", "Each competitor's runs, division by division, the fastest first",
      "[FILE...]", RankingOptions, R"(--entry "Ann=ann1.gpx,ann2.nmea" --division "10 sec")"},
     {ECommand::Leaderboard, "leaderboard", "Each division's ranking over all competitors", "[FILE...]",
      RankingOptions, R"(--entry "Ann=ann.gpx" --entry "Bob=bob.nmea" --format csv)"},
     {ECommand::Points, "points", "Every fix of a track file with its derived values", "FILE",
-     "[--set NAME=VALUE]... [--format csv|json] [--all-fields] [--strict]",
+     "[--project FILE.rsp] [--set NAME=VALUE]... [--checkpoint NAME,LAT,LON[,METRES]]... "
+     "[--format csv|json] [--all-fields] [--strict]",
      "run.gpx --set SpeedUnits=1 --all-fields"},
     {ECommand::Info, "info", "The statistics of track files", "FILE...", "[--format table|json] [--strict]",
      "run.gpx log.txt"},
@@ -26,6 +27,10 @@ constexpr std::array<SCommandRow, 6> Commands = {{
     {ECommand::Distance, "distance", "Distance and forward azimuth between two positions, in degrees",
      "LAT1 LON1 LAT2 LON2", "[--ellipsoid NAME] [--unit k|m|n] [--format table|json]",
      "-37.95103 144.42487 -37.65282 143.92650 --unit n"},
+    {ECommand::ShowProject, "project show", "The settings, divisions and waypoints of a project file",
+     "FILE.rsp", "[--format table|json]", "event.rsp"},
+    {ECommand::NewProject, "project new", "Write the default project with its six divisions", "FILE.rsp",
+     "[--force]", "event.rsp"},
 }};
 
 } // namespace

@@ -12,7 +12,7 @@ namespace kestrabel {
 struct SCommandRow
 {
     ECommand command;
-    std::string_view strName;
+    std::string_view strName; ///< "project show" is the command "show" of the group "project"
     std::string_view strDescription;
     std::string_view strPositionals;
     std::string_view strOptions; ///< for the message about a wrong command line

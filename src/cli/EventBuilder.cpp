@@ -1,7 +1,9 @@
 #include "cli/EventBuilder.h"
 
+#include "app/CheckPoints.h"
 #include "app/NewProject.h"
 #include "app/TrackFileImport.h"
+#include "cli/ProjectCommands.h"
 #include "model/EventSettings.h"
 #include "platform/Path.h"
 #include "platform/Text.h"
@@ -12,28 +14,40 @@ namespace kestrabel {
 
 namespace {
 
-void ReadFiles(const CEvent& event, CPerson& person, const std::vector<std::string>& files,
-               CImportReport& report, CProgressDisplay& progress)
+void ReadFiles(CEvent& event, CPerson& person, const std::vector<std::string>& files,
+               const std::vector<SCheckPointArgument>& checkpoints, CImportReport& report,
+               CProgressDisplay& progress)
 {
     for (const std::string& strFile : files) {
         CImportMonitor monitor(&report.Prompt());
         EImportEnd end = EImportEnd::Complete;
-        const CSeries* pSeries = AddTrackFile(event, person, strFile, monitor, end, progress);
+        CSeries* pSeries = AddTrackFile(event, person, strFile, monitor, end, progress);
         report.FileEnded(strFile, monitor, end, pSeries != nullptr ? pSeries->m_points.GetCount() : 0);
+        for (const SCheckPointArgument& checkpoint : checkpoints) {
+            if (pSeries != nullptr)
+                AddCheckPoint(event, *pSeries, checkpoint.strName, checkpoint.position,
+                              checkpoint.dProximity);
+        }
     }
 }
 
 } // namespace
 
-void SetUpEvent(CEvent& event, const std::vector<SSettingArgument>& settings)
+bool SetUpEvent(CEvent& event, const SArguments& arguments, CMessages& messages)
 {
     FillNewProject(event, DATE::Now());
-    for (const SSettingArgument& setting : settings) {
+    std::string strStoredPath;
+    if (!arguments.strProject.empty() && !OpenProject(arguments.strProject, event, strStoredPath, messages))
+        return false;
+    for (const SSettingArgument& setting : arguments.settings) {
         const std::string strExpected = SetEventSetting(event, setting.strName, setting.strValue);
         if (!strExpected.empty())
             throw CCommandLineError("--set " + setting.strName + "=" + setting.strValue + ": expected " +
                                     strExpected);
     }
+    if (!arguments.checkpoints.empty())
+        EnsureCheckPointsDivision(event);
+    return true;
 }
 
 std::vector<const CDivision*> ChooseDivisions(const CEvent& event, const std::vector<std::string>& names)
@@ -63,11 +77,12 @@ void AddCompetitors(CEvent& event, const SArguments& arguments, CImportReport& r
                     CProgressDisplay& progress)
 {
     for (const SEntryArgument& entry : arguments.entries)
-        ReadFiles(event, AddCompetitor(event, entry.strName), entry.files, report, progress);
+        ReadFiles(event, AddCompetitor(event, entry.strName), entry.files, arguments.checkpoints, report,
+                  progress);
     if (arguments.files.empty())
         return;
     CPerson& unnamed = AddCompetitor(event, "");
-    ReadFiles(event, unnamed, arguments.files, report, progress);
+    ReadFiles(event, unnamed, arguments.files, arguments.checkpoints, report, progress);
     if (unnamed.m_series.IsEmpty())
         event.m_persons.RemoveAt(event.m_persons.GetCount() - 1);
 }

@@ -82,15 +82,35 @@ const SWrongCase WrongCases[] = {
     {{}, "results, leaderboard, points, info, convert, distance"},
     {{"judge"}, "results, leaderboard, points, info, convert, distance"},
     {{"--strict"}, "results, leaderboard, points, info, convert, distance"},
-    {{"project", "show", "a.rsp"}, "results, leaderboard, points, info, convert, distance"},
+    {{"project"}, "convert, distance, project show, project new"},
+    {{"project", "open", "a.rsp"}, "convert, distance, project show, project new"},
+    {{"project", "show"}, "FILE.rsp is required; usage: kestrabel-cli project show FILE.rsp"},
+    {{"project", "show", "a.rsp", "b.rsp"}, "b.rsp; usage: kestrabel-cli project show FILE.rsp"},
+    {{"project", "show", "a.rsp", "--format", "csv"}, "table,json"},
+    {{"project", "show", "a.rsp", "--force"}, "--force; usage: kestrabel-cli project show"},
+    {{"project", "new"}, "FILE.rsp is required; usage: kestrabel-cli project new FILE.rsp [--force]"},
+    {{"project", "new", "run.gpx"}, "run.gpx: a project's name ends in .rsp"},
+    {{"project", "new", "rsp", "--force"}, "rsp: a project's name ends in .rsp"},
     {{"results"}, "a track file is expected; usage: kestrabel-cli results [FILE...]"},
     {{"leaderboard", "--division", "2 sec"}, "a track file is expected"},
     {{"points"}, "FILE is required"},
     {{"info"}, "a track file is expected"},
     {{"results", "a.gpx", "--fast"}, "--fast; usage: kestrabel-cli results"},
     {{"results", "a.gpx", "-x"}, "-x; usage: kestrabel-cli results"},
-    {{"results", "a.gpx", "--project", "a.rsp"}, "--project; usage"},
-    {{"results", "a.gpx", "--checkpoint", "A,1,2"}, "--checkpoint; usage"},
+    {{"results", "--project", "a.rsp"}, "a track file is expected"},
+    {{"results", "a.gpx", "--project"}, "--project"},
+    {{"results", "a.gpx", "--project", "a.rsp", "--project", "b.rsp"}, "--project: expected one file"},
+    {{"info", "a.gpx", "--project", "a.rsp"}, "usage: kestrabel-cli info"},
+    {{"info", "a.gpx", "--checkpoint", "A,1,2"}, "usage: kestrabel-cli info"},
+    {{"results", "a.gpx", "--checkpoint", "A"}, "expected NAME,LAT,LON[,METRES] with 0 to 1000 metres"},
+    {{"results", "a.gpx", "--checkpoint", "A,1"}, "expected NAME,LAT,LON[,METRES]"},
+    {{"results", "a.gpx", "--checkpoint", "A,1,2,3,4"}, "expected NAME,LAT,LON[,METRES]"},
+    {{"results", "a.gpx", "--checkpoint", ",1,2"}, "expected NAME,LAT,LON[,METRES]"},
+    {{"results", "a.gpx", "--checkpoint", "A,1,2,"}, "expected NAME,LAT,LON[,METRES]"},
+    {{"results", "a.gpx", "--checkpoint", "A,1,2,-1"}, "0 to 1000 metres"},
+    {{"results", "a.gpx", "--checkpoint", "A,1,2,1001"}, "0 to 1000 metres"},
+    {{"results", "a.gpx", "--checkpoint", "A,91,2"}, "--checkpoint LAT 91: expected degrees from -90 to 90"},
+    {{"results", "a.gpx", "--checkpoint", "A,1,x"}, "--checkpoint LON x: expected degrees from -180 to 180"},
     {{"results", "a.gpx", "--all-fields"}, "--all-fields; usage"},
     {{"results", "a.gpx", "--format"}, "--format table|csv|json"},
     {{"results", "a.gpx", "--format", "xml"}, "table,csv,json"},
@@ -127,6 +147,30 @@ const SWrongCase WrongCases[] = {
      "expected one of \"2 sec\", \"10 sec (best of 5)\", \"10 sec\", \"100 meters Accum\""},
 };
 
+TEST(CommandLine, ProjectAndCheckpoints)
+{
+    const SArguments arguments =
+        ParseCommandLine({"points", "a.gpx", "--checkpoint", "Gate 1,-38.85,146.16", "--project", "e.rsp",
+                          "--checkpoint", "Zo\xeb, 0.5 ,-.5,12.5"});
+    EXPECT_EQ(arguments.strProject, "e.rsp");
+    ASSERT_EQ(arguments.checkpoints.size(), 2U);
+    EXPECT_EQ(arguments.checkpoints[0].strName, "Gate 1");
+    EXPECT_EQ(arguments.checkpoints[0].position, MakePosition(-38.85, 146.16));
+    EXPECT_EQ(arguments.checkpoints[0].dProximity, 0.005) << "5 metres when not given";
+    EXPECT_EQ(arguments.checkpoints[1].strName, "Zoë");
+    EXPECT_EQ(arguments.checkpoints[1].position, MakePosition(0.5, -0.5));
+    EXPECT_EQ(arguments.checkpoints[1].dProximity, 0.0125);
+
+    const SArguments made = ParseCommandLine({"project", "new", "Dir.x/E.RSP", "--force"});
+    EXPECT_EQ(made.command, ECommand::NewProject);
+    EXPECT_THAT(made.files, ElementsAre("Dir.x/E.RSP"));
+    EXPECT_TRUE(made.bForce);
+    const SArguments shown = ParseCommandLine({"project", "show", "any", "--format", "json"});
+    EXPECT_EQ(shown.command, ECommand::ShowProject);
+    EXPECT_EQ(shown.format, EFormat::Json);
+    EXPECT_FALSE(shown.bForce);
+}
+
 TEST(CommandLine, AWrongOneEndsWithStatus2AndWhatWasExpected)
 {
     const test::CToolTest tool;
@@ -154,9 +198,22 @@ TEST(CommandLine, HelpAndVersion)
     const test::SToolRun help = tool.Run({"--help"});
     EXPECT_EQ(help.nStatus, 0);
     EXPECT_EQ(help.strErr, "");
-    for (const std::string strCommand : {"results", "leaderboard", "points", "info", "convert", "distance"}) {
+    const test::SToolRun group = tool.Run({"project", "--help"});
+    EXPECT_THAT(group.strOut, HasSubstr("Usage: kestrabel-cli project COMMAND ..."));
+    for (const CArguments& command : std::initializer_list<CArguments>{{"results"},
+                                                                       {"leaderboard"},
+                                                                       {"points"},
+                                                                       {"info"},
+                                                                       {"convert"},
+                                                                       {"distance"},
+                                                                       {"project", "show"},
+                                                                       {"project", "new"}})
+    {
+        const std::string strCommand = command.size() == 1 ? command[0] : command[0] + " " + command[1];
         EXPECT_THAT(help.strOut, HasSubstr("\n  kestrabel-cli " + strCommand + " ")) << "an example";
-        const test::SToolRun own = tool.Run({strCommand, "--help"});
+        CArguments arguments = command;
+        arguments.emplace_back("--help");
+        const test::SToolRun own = tool.Run(arguments);
         EXPECT_EQ(own.nStatus, 0);
         EXPECT_THAT(own.strOut, HasSubstr("Usage: kestrabel-cli " + strCommand + " "));
         EXPECT_THAT(own.strOut, HasSubstr("Example:\n  kestrabel-cli " + strCommand + " "));
