@@ -25,6 +25,7 @@ TEST(TrackFormat, ByName)
         {"txt", "-", "-", "-", "-"},
         {"track.gpx.bak", "-", "-", "-", "GPX"},
         {"x.nmea.bak", "-", "NMEA", "-", "-"},
+        {"x.txtx", "-", "NMEA", "NMEA", "NMEA"},
         {"x.nmeax", "-", "NMEA", "-", "-"},
         {"logs.txt/a.csv", "-", "NMEA", "NMEA", "NMEA"},
         {"C:\\logs.gpx\\a", "-", "-", "-", "GPX"},
