@@ -24,6 +24,11 @@ public:
     void Show(double /*dFraction*/) override {}
     void End() override { ++m_nEnded; }
 
+    int Count(std::string_view strText) const
+    {
+        return static_cast<int>(std::count(m_begun.begin(), m_begun.end(), strText));
+    }
+
     std::vector<std::string> m_begun;
     int m_nEnded = 0;
 };
