@@ -15,7 +15,7 @@ class CBinaryInput
 {
 public:
     /// The most bytes that can be looked at in one piece.
-    static constexpr std::size_t MaxPeek = 64 * 1024;
+    static constexpr std::size_t MaxPeek = 65536;
 
     /// Opens the file; throws nothing.
     EFileCause Open(std::string_view strPath);

@@ -64,7 +64,6 @@ EReadEnd ReadRecords(CImportMonitor& monitor, CBinaryInput& input, CObjectArray<
 {
     CTimeOrder ordered(points);
     bool bAnyRecord = false;
-    std::unique_ptr<CTrackPoint> pPoint;
     while (true) {
         const std::string_view record = input.Peek(BinaryLogRecordSize);
         if (record.size() < BinaryLogRecordSize)
@@ -72,8 +71,7 @@ EReadEnd ReadRecords(CImportMonitor& monitor, CBinaryInput& input, CObjectArray<
         bAnyRecord = true;
         if (monitor.IsAborted())
             return EReadEnd::Stopped;
-        if (!pPoint)
-            pPoint = std::make_unique<CTrackPoint>();
+        auto pPoint = std::make_unique<CTrackPoint>();
         if (ParseBinaryLogRecord(record, *pPoint))
             ordered.Add(std::move(pPoint));
         input.Skip(BinaryLogRecordSize);
