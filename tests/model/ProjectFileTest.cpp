@@ -8,11 +8,14 @@
 #include "support/TemporaryFolder.h"
 #include "support/Track.h"
 
+#include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace kestrabel::test {
@@ -490,7 +493,11 @@ TEST(ProjectFile, KilledWhileSavingItIsTheOldOneOrTheNewOne)
     const std::string strPath = folder.Path("e.rsp");
     CEvent events[2] = {CEvent(DATE(1.0)), CEvent(DATE(1.0))};
     const std::string wholes[2] = {LargeProject(events[0], 'a'), LargeProject(events[1], 'b')};
+    // The kills fall into the first few saves, however fast the machine is.
+    using CClock = std::chrono::steady_clock;
+    const CClock::time_point before = CClock::now();
     SaveProject(strPath, events[0], std::string(30, 'a'));
+    const auto longest = 5 * std::chrono::duration_cast<std::chrono::microseconds>(CClock::now() - before);
     ASSERT_TRUE(CTemporaryFolder::Read(strPath) == wholes[0]);
 
     std::mt19937 random(7);
@@ -503,7 +510,7 @@ TEST(ProjectFile, KilledWhileSavingItIsTheOldOneOrTheNewOne)
                 SaveProject(strPath, events[nSave % 2], std::string(30, cMark));
             }
         }
-        ::usleep(static_cast<useconds_t>(random() % 20'000));
+        std::this_thread::sleep_for(longest * (static_cast<double>(random() % 1000) / 1000.0));
         ::kill(nChild, SIGKILL);
         ::waitpid(nChild, nullptr, 0);
         const std::string bytes = CTemporaryFolder::Read(strPath);
