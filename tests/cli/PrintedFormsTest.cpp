@@ -17,9 +17,11 @@ template <class TPrint>
 std::string PrintedText(TPrint&& print)
 {
     const test::CTemporaryFolder folder;
-    COutput output(::open(folder.Path("printed").c_str(), O_WRONLY | O_CREAT, 0600));
+    const int nHandle = ::open(folder.Path("printed").c_str(), O_WRONLY | O_CREAT, 0600);
+    COutput output(nHandle);
     print(output);
     output.Finish();
+    ::close(nHandle);
     return test::CTemporaryFolder::Read(folder.Path("printed"));
 }
 
