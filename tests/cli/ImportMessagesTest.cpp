@@ -33,6 +33,7 @@ TEST(ImportMessages, EachFileIsToldAboutAndTheOthersAreStillUsed)
     // The file, the status with it alone and beside a good one, and what is told about it.
     const std::tuple<std::string, int, int, std::string> cases[] = {
         {"a\nb\x1b[2J.nmea", 3, 3, "a?b?[2J.nmea: The file could not be located\n"},
+        {"missing.gpx", 3, 3, "missing.gpx: failed to load XML document (The file could not be located)\n"},
         {"folder.nmea", 3, 3, "folder.nmea: The file could not be accessed\n"},
         {"notes.doc", 3, 3, "notes.doc: The file type is not recognised\n"},
         {"open.gpx", 3, 3, "open.gpx: failed to load XML document (line 3: mismatched tag)\n"},
