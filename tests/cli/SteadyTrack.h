@@ -2,9 +2,6 @@
 
 #include "geo/Angle.h"
 
-#include <iomanip>
-#include <locale>
-#include <sstream>
 #include <string>
 
 namespace kestrabel::test {
@@ -23,12 +20,8 @@ constexpr double SteadySpeed(double dMinutesPerSecond)
 /// One RMC sentence: `nSecond` seconds after 10:00 UTC on 1 June 2024, at 50° N plus so many minutes.
 inline std::string RmcLine(int nSecond, double dMinutes)
 {
-    std::ostringstream line;
-    line.imbue(std::locale::classic());
-    line << "$GPRMC,10" << std::setfill('0') << std::setw(2) << nSecond / 60 << std::setw(2) << nSecond % 60
-         << ",A,50" << std::fixed << std::setprecision(6) << std::setw(9) << dMinutes
-         << ",N,00100.000000,W,20.0,0.0,010624\n";
-    return line.str();
+    return "$GPRMC," + std::to_string(100000 + nSecond / 60 * 100 + nSecond % 60) + ",A,50" +
+           (dMinutes < 10.0 ? "0" : "") + std::to_string(dMinutes) + ",N,00100.000000,W,20.0,0.0,010624\n";
 }
 
 /// An NMEA log of `nPoints` fixes.

@@ -2,16 +2,12 @@
 
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <fcntl.h>
+#include <iomanip>
 #include <nlohmann/json.hpp>
 #include <set>
-#include <spawn.h>
-#include <string>
+#include <sstream>
 #include <sys/wait.h>
-#include <system_error>
-#include <unistd.h>
 #include <vector>
 
 namespace kestrabel::test {
@@ -32,56 +28,38 @@ class CToolTest
 public:
     /// `strStandardOutput` redirects it to another file than the one that is read back.
     SToolRun Run(const std::vector<std::string>& arguments, const std::string& strStandardOutput = {},
-                 const std::vector<std::string>& environment = {}) const
+                 std::vector<std::string> environment = {}) const
     {
-        const std::string strOutFile = m_streams.Path("out");
-        const std::string strErrFile = m_streams.Path("err");
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        constexpr int nFlags = O_WRONLY | O_CREAT | O_TRUNC;
-        posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-        posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO,
-                                         (strStandardOutput.empty() ? strOutFile : strStandardOutput).c_str(),
-                                         nFlags, 0600);
-        posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, strErrFile.c_str(), nFlags, 0600);
-        posix_spawn_file_actions_addchdir_np(&actions, m_folder.Path("").c_str());
-
-        const std::vector<std::string> command = WithProgram(arguments);
-        std::vector<std::string> variables = environment;
-        variables.emplace_back("PATH=/usr/bin:/bin");
-        pid_t nProcess = 0;
-        const int nError = posix_spawn(&nProcess, KESTRABEL_CLI, &actions, nullptr, Pointers(command).data(),
-                                       Pointers(variables).data());
-        posix_spawn_file_actions_destroy(&actions);
-        if (nError != 0)
-            throw std::system_error(nError, std::generic_category(), KESTRABEL_CLI);
-
-        int nState = 0;
-        while (::waitpid(nProcess, &nState, 0) < 0 && errno == EINTR) {
+        const std::string strOut = strStandardOutput.empty() ? m_streams.Path("out") : strStandardOutput;
+        const std::string strErr = m_streams.Path("err");
+        std::vector<std::string> command = {KESTRABEL_CLI};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        environment.emplace_back("PATH=/usr/bin:/bin");
+        const pid_t nProcess = ::fork();
+        if (nProcess == 0) {
+            constexpr int nFlags = O_WRONLY | O_CREAT | O_TRUNC;
+            ::dup2(::open("/dev/null", O_RDONLY), STDIN_FILENO);
+            ::dup2(::open(strOut.c_str(), nFlags, 0600), STDOUT_FILENO);
+            ::dup2(::open(strErr.c_str(), nFlags, 0600), STDERR_FILENO);
+            std::filesystem::current_path(m_folder.Path(""));
+            ::execve(KESTRABEL_CLI, Pointers(command).data(), Pointers(environment).data());
+            ::_exit(127);
         }
-        SToolRun run;
-        run.nStatus = WIFEXITED(nState) ? WEXITSTATUS(nState) : 128 + WTERMSIG(nState);
-        if (strStandardOutput.empty())
-            run.strOut = CTemporaryFolder::Read(strOutFile);
-        run.strErr = CTemporaryFolder::Read(strErrFile);
-        return run;
+        int nState = 0;
+        ::waitpid(nProcess, &nState, 0);
+        return {WIFEXITED(nState) ? WEXITSTATUS(nState) : 128 + WTERMSIG(nState),
+                strStandardOutput.empty() ? CTemporaryFolder::Read(strOut) : "",
+                CTemporaryFolder::Read(strErr)};
     }
 
     CTemporaryFolder m_folder; ///< the tool's working folder
 
 private:
-    static std::vector<std::string> WithProgram(const std::vector<std::string>& arguments)
-    {
-        std::vector<std::string> command = {KESTRABEL_CLI};
-        command.insert(command.end(), arguments.begin(), arguments.end());
-        return command;
-    }
-
-    static std::vector<char*> Pointers(const std::vector<std::string>& texts)
+    static std::vector<char*> Pointers(std::vector<std::string>& texts)
     {
         std::vector<char*> pointers;
-        for (const std::string& strText : texts)
-            pointers.push_back(const_cast<char*>(strText.c_str()));
+        for (std::string& strText : texts)
+            pointers.push_back(strText.data());
         pointers.push_back(nullptr);
         return pointers;
     }
@@ -93,12 +71,20 @@ private:
 inline std::vector<std::string> Lines(const std::string& strText)
 {
     std::vector<std::string> lines;
-    for (std::size_t nStart = 0; nStart < strText.size();) {
-        const std::size_t nEnd = std::min(strText.find('\n', nStart), strText.size());
-        lines.push_back(strText.substr(nStart, nEnd - nStart));
-        nStart = nEnd + 1;
-    }
+    std::istringstream text(strText);
+    for (std::string strLine; std::getline(text, strLine);)
+        lines.push_back(strLine);
     return lines;
+}
+
+/// The words of a command line; those with blanks stand between apostrophes.
+inline std::vector<std::string> Words(const std::string& strCommandLine)
+{
+    std::vector<std::string> words;
+    std::istringstream text(strCommandLine);
+    for (std::string strWord; text >> std::quoted(strWord, '\'');)
+        words.push_back(strWord);
+    return words;
 }
 
 inline std::set<std::string> KeysOf(const nlohmann::json& object)

@@ -20,20 +20,20 @@ TEST(EventSettings, EverySettingCanBeSetByNameAndChangesOneField)
     ellipsoid.SetEllipsoid(6, 6377000.5, 300.25);
     using CValue = std::variant<std::int32_t, double, std::string, DATE, CPosition, CEllipsoid>;
     // A value of each type that is no setting's default, in the order of SEventSetting::Field.
-    const std::pair<const char*, CValue> samples[] = {{"17", 17},
-                                                      {"0.75", 0.75},
-                                                      {"a, b", "a, b"},
-                                                      {"45444.25", DATE(45444.25)},
-                                                      {"-38.5,146.25", MakePosition(-38.5, 146.25)},
-                                                      {"6, 6377000.5, 300.25", ellipsoid}};
-    CEvent all(DATE(1.0));
+    const char* texts[] = {"17", "0.75", "a, b", "45444.25", "-38.5,146.25", "6, 6377000.5, 300.25"};
+    const CValue values[] = {17, 0.75, "a, b", DATE(45444.25), MakePosition(-38.5, 146.25), ellipsoid};
+    EXPECT_EQ(EventSettings().size(), 31U);
     for (const SEventSetting& setting : EventSettings()) {
-        const auto& [pText, value] = samples[setting.field.index()];
-        EXPECT_EQ(SetEventSetting(all, setting.strName, pText), "") << setting.strName;
-        EXPECT_TRUE(std::visit([&](auto pField) { return CValue(all.*pField) == value; }, setting.field));
+        const std::size_t nType = setting.field.index();
+        CEvent event(DATE(1.0));
+        EXPECT_EQ(SetEventSetting(event, setting.strName, texts[nType]), "") << setting.strName;
+        EXPECT_TRUE(
+            std::visit([&](auto pField) { return CValue(event.*pField) == values[nType]; }, setting.field));
+        EXPECT_EQ(CountDifferences(event, CEvent(DATE(1.0))), 1) << setting.strName << " has its own field";
     }
-    EXPECT_EQ(CountDifferences(all, CEvent(DATE(1.0))), 31) << "each name has a field of its own";
-    EXPECT_EQ(SetEventSetting(all, "timeTHRESHOLD", "30") + SetEventSetting(all, "Description", ""), "");
+    CEvent event(DATE(1.0));
+    EXPECT_EQ(SetEventSetting(event, "accTHRESHOLD", "30") + SetEventSetting(event, "Location", ""), "");
+    EXPECT_EQ(event.m_dAccThreshold, 30.0);
 }
 
 TEST(EventSettings, WhatDoesNotFitChangesNothing)

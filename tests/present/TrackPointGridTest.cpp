@@ -69,9 +69,10 @@ TEST(TrackPointGrid, CellsHaveTheUnitsPrecisionsAndTimezoneOfTheEvent)
     event.m_nTimePrecision = 3;
     event.m_nDistancePrecision = 0;
     event.m_nSpeedPrecision = 1;
+    event.m_nLatLongPrecision = 2;
     event.m_dTimezone = -10.5;
-    EXPECT_EQ(cells({Date, Time, Seconds, TotalDistance, PosError, DopplerError}),
-              "2024-05-31 23:30:01.500 1.500 12346 1 .1 ");
+    EXPECT_EQ(cells({Date, Time, Seconds, TotalDistance, PosError, DopplerError, Latitude}),
+              "2024-05-31 23:30:01.500 1.500 12346 1 .1 -38.12 ");
     // Any integer may have been typed into a precision.
     for (const std::int32_t nPrecision : {-2147483647, 2147483647}) {
         event.m_nTimePrecision = event.m_nSpeedPrecision = event.m_nDistancePrecision = nPrecision;
