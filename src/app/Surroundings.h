@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/Desktop.h"
+#include "platform/ProcessStarter.h"
+#include "platform/Progress.h"
+#include "platform/SettingsStore.h"
+
+#include <string>
+
+namespace kestrabel {
+
+/// What the application stands on. All of it outlives the document.
+struct SSurroundings
+{
+    CDesktop& desktop;
+    CProgressDisplay& progress;
+    CSettingsStore& settings;
+    CProcessStarter& processes;
+    std::string strProgramFolder; ///< ends in a separator; "Default.rsp" and the data folder lie there
+};
+
+} // namespace kestrabel
