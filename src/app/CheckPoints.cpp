@@ -19,15 +19,21 @@ std::string FreeName(const CEvent& event)
 
 } // namespace
 
+std::unique_ptr<CDivision> NewCheckPointsDivision(const CEvent& event)
+{
+    auto pDivision = std::make_unique<CDivision>();
+    pDivision->m_strName = FreeName(event);
+    pDivision->m_nKind = DivisionKind::CheckPoints;
+    return pDivision;
+}
+
 CDivision& EnsureCheckPointsDivision(CEvent& event)
 {
     for (CDivision* pDivision : event.m_divisions) {
         if (pDivision->m_nKind == DivisionKind::CheckPoints)
             return *pDivision;
     }
-    auto pDivision = std::make_unique<CDivision>();
-    pDivision->m_strName = FreeName(event);
-    pDivision->m_nKind = DivisionKind::CheckPoints;
+    auto pDivision = NewCheckPointsDivision(event);
     for (CPerson* pPerson : event.m_persons)
         pPerson->Enter(pDivision->m_strName);
     return event.m_divisions.Add(std::move(pDivision));

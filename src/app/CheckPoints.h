@@ -2,12 +2,17 @@
 
 #include "model/Event.h"
 
+#include <memory>
 #include <string_view>
 
 namespace kestrabel {
 
-/// The first division that judges checkpoints. When there is none a new one named "CheckPoints" is appended
-/// (with a number behind that when another division has the name) and every competitor is entered in it.
+/// The division that a first checkpoint calls for, named "CheckPoints", with a number behind that when
+/// another division of the event has the name. The caller adds it.
+std::unique_ptr<CDivision> NewCheckPointsDivision(const CEvent& event);
+
+/// The first division that judges checkpoints. When there is none a new one is appended and every competitor
+/// entered in it.
 CDivision& EnsureCheckPointsDivision(CEvent& event);
 
 /// Adds a checkpoint to a track file of the event, and the division that judges it. The file's results are

@@ -4,6 +4,7 @@
 #include <cassert>
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -107,6 +108,53 @@ public:
         std::unique_ptr<T> pObject(At(nIndex));
         m_elements.erase(m_elements.begin() + nIndex);
         return pObject;
+    }
+
+    /// Takes the elements at ascending indices out of an owning array without deleting them. Linear.
+    std::vector<std::unique_ptr<T>> DetachAll(std::span<const int> indices)
+    {
+        assert(m_bOwns);
+        std::vector<std::unique_ptr<T>> detached;
+        detached.reserve(indices.size());
+        for (const int nIndex : indices)
+            detached.emplace_back(std::exchange(m_elements[static_cast<std::size_t>(nIndex)], nullptr));
+        std::erase(m_elements, nullptr);
+        return detached;
+    }
+
+    /// Puts objects back where `DetachAll` took them: `objects[i]` gets the index `indices[i]`. Linear.
+    void InsertAll(std::span<const int> indices, std::vector<std::unique_ptr<T>> objects)
+    {
+        assert(m_bOwns && indices.size() == objects.size());
+        std::vector<T*> merged;
+        merged.reserve(m_elements.size() + objects.size());
+        std::size_t nObject = 0;
+        for (std::size_t nElement = 0; nElement < m_elements.size() || nObject < objects.size();) {
+            if (nObject < objects.size() && static_cast<std::size_t>(indices[nObject]) == merged.size())
+                merged.push_back(objects[nObject++].release());
+            else
+                merged.push_back(m_elements[nElement++]);
+        }
+        m_elements = std::move(merged);
+    }
+
+    /// Brings the elements from `nFirst` on into another order: the element at `nFirst` + i becomes the one
+    /// that was at `nFirst` + `order[i]`.
+    void Reorder(int nFirst, std::span<const int> order)
+    {
+        const auto first = m_elements.begin() + nFirst;
+        const std::vector<T*> before(first, first + static_cast<std::ptrdiff_t>(order.size()));
+        std::transform(order.begin(), order.end(), first,
+                       [&](int nFrom) { return before[static_cast<std::size_t>(nFrom)]; });
+    }
+
+    /// Moves the elements from `nFirst` on to the end of `other`, which owns as this array does.
+    void MoveTail(int nFirst, CObjectArray& other)
+    {
+        assert(m_bOwns == other.m_bOwns);
+        const auto first = m_elements.begin() + nFirst;
+        other.m_elements.insert(other.m_elements.end(), first, m_elements.end());
+        m_elements.erase(first, m_elements.end());
     }
 
     /// Removes every element for which `isUnwanted(element)` is true, asked from the last to the first, and

@@ -1,0 +1,111 @@
+#include "app/Document.h"
+#include "app/EditRecorder.h"
+#include "app/NewFileName.h"
+#include "app/TrackEditing.h"
+#include "formats/TrackFileDispatcher.h"
+#include "model/TimeText.h"
+#include "present/ExtractTrackDialog.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrabel {
+
+namespace {
+
+/// The calendar day of a fix, in the displayed timezone, as a count of days.
+double DayOf(const CEvent& event, const CTrackPoint& point)
+{
+    return std::floor(ShiftToTimezone(point.m_time, event.m_dTimezone).m_dDays);
+}
+
+/// The indices of the points that the dialog chooses; `nFocus` tells the day, -1: the first point does.
+std::vector<int> ChoosePoints(const CEvent& event, const CSeries& series, const SExtractTrackDialog& dialog,
+                              int nFocus)
+{
+    const CObjectArray<CTrackPoint>& points = series.m_points;
+    std::vector<int> chosen;
+    if (points.IsEmpty())
+        return chosen;
+    const double dDay = DayOf(event, points[std::clamp(nFocus, 0, points.GetCount() - 1)]);
+    const auto isNext = [&](int i) {
+        const int nLast = chosen.empty() ? -1 : chosen.back();
+        switch (dialog.mode) {
+        case EExtractBy::TrackPoint:
+            return nLast == -1 ? i == dialog.nStartPoint
+                               : i - nLast >= static_cast<std::int64_t>(dialog.nEvery);
+        case EExtractBy::Time:
+            return nLast == -1
+                       ? i == static_cast<std::int64_t>(dialog.nTimeStartPoint)
+                       : SecondsBetween(points[nLast].m_time, points[i].m_time) >= dialog.nEverySeconds;
+        case EExtractBy::Day: return DayOf(event, points[i]) == dDay;
+        case EExtractBy::MinimumSpeed: return points[i].m_dSpeed * dialog.UnitFactor() >= dialog.dFasterThan;
+        }
+        return false;
+    };
+    for (int i = 0; i < points.GetCount(); ++i) {
+        if (isNext(i))
+            chosen.push_back(i);
+    }
+    return chosen;
+}
+
+/// Everything but the points, whose file this becomes.
+void CopyDescription(const CSeries& source, CSeries& copy)
+{
+    copy.m_date = source.m_date;
+    copy.m_strIdentifier = source.m_strIdentifier;
+    copy.m_strSerialNo = source.m_strSerialNo;
+    copy.m_strFirmware = source.m_strFirmware;
+    copy.m_strInfo = source.m_strInfo;
+    copy.m_nLogRate = source.m_nLogRate;
+    copy.m_bModified = source.m_bModified;
+    copy.m_bHasDoppler = source.m_bHasDoppler;
+    copy.m_cReserved = source.m_cReserved;
+    copy.m_dWindDirection = source.m_dWindDirection;
+    copy.m_dTrackError = source.m_dTrackError;
+    copy.m_dDopplerError = source.m_dDopplerError;
+    copy.m_ellipsoid = source.m_ellipsoid;
+    for (const CWayPoint* pWayPoint : source.m_waypoints)
+        copy.m_waypoints.Add(std::make_unique<CWayPoint>(*pWayPoint));
+}
+
+} // namespace
+
+void ExtractTrack(CKestroDoc& document)
+{
+    CViewSelection& selection = document.m_selection;
+    CDesktop& desktop = document.m_surroundings.desktop;
+    const CSeries* pSource = selection.GetCurrentSeries();
+    if (pSource == nullptr)
+        return;
+    SExtractTrackDialog dialog = SExtractTrackDialog::From(*pSource);
+    if (!desktop.Run(dialog))
+        return;
+
+    CPerson& person = *selection.GetCurrentPerson();
+    auto pCreated = std::make_unique<CSeries>();
+    CSeries& created = *pCreated;
+    CopyDescription(*pSource, created);
+    created.m_strName = dialog.strTrackName;
+    created.m_bManaged = 1;
+    created.m_strFileName = NewFileName(document.m_event.m_strDataFolder, dialog.strTrackName, ".trk");
+    const int nFocus = static_cast<int>(selection.m_dFocusPoint);
+    for (const int nIndex : ChoosePoints(document.m_event, *pSource, dialog, nFocus)) {
+        CTrackPoint& copy = created.m_points.Add(std::make_unique<CTrackPoint>(pSource->m_points[nIndex]));
+        copy.m_nTrack = created.m_points.GetCount() - 1;
+    }
+
+    CEditRecorder recorder(document, "Extract Track");
+    recorder.Touch(person, created, false);
+    recorder.Do(std::make_unique<CObjectChange<CSeries>>(person.m_series, person.m_series.GetCount(),
+                                                         std::move(pCreated)));
+    recorder.MarkDocument();
+    CImportMonitor monitor(&desktop);
+    SaveTrackFile(monitor, created);
+    recorder.Finish();
+    selection.SelectSeries(person.m_series.GetCount() - 1, false, true);
+    recorder.Keep();
+}
+
+} // namespace kestrabel

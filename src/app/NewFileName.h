@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace kestrabel {
+
+/// A name for a file that is yet to be written, such as "folder/ride 1.gpx": unused on disk, and lower-cased
+/// where that leads to no other folder or file.
+std::string NewFileName(std::string_view strFolder, std::string_view strName, std::string_view strExtension);
+
+} // namespace kestrabel
