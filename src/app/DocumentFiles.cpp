@@ -1,0 +1,135 @@
+#include "app/Document.h"
+#include "app/NewProject.h"
+#include "app/ProjectSave.h"
+#include "app/SaveQuestion.h"
+#include "app/TrackFileImport.h"
+#include "engine/TrackPointDerivation.h"
+#include "model/ProjectFile.h"
+#include "platform/Path.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace kestrabel {
+
+namespace {
+
+/// What saving a track file under a name of that extension meets; empty: nothing stands against it.
+std::string_view Refusal(std::string_view strExtension)
+{
+    constexpr std::array<std::string_view, 4> Writable = {".gpx", ".trk", ".bin", ".sbp"};
+    if (std::ranges::find(Writable, strExtension) != Writable.end())
+        return {};
+    if (strExtension == ".nmea" || strExtension == ".txt")
+        return "Cannot save to NMEA format. Please select a different format";
+    if (strExtension == ".sbn")
+        return "Cannot save to SIRF binary format. Please select a different format";
+    return "Unknown file extension. Please use a standard gpx or trk extension to determine the format to "
+           "save";
+}
+
+} // namespace
+
+bool CKestroDoc::OnOpenDocument(std::string_view strPath)
+{
+    if (IsProjectPath(strPath))
+        return OpenProject(strPath);
+    return OpenTrackFiles(m_openFiles.size() >= 2 ? m_openFiles : std::vector{std::string(strPath)});
+}
+
+bool CKestroDoc::OpenProject(std::string_view strPath)
+{
+    m_selection.ForgetResults();
+    std::string strStoredPath; // where it was saved, perhaps on another machine
+    try {
+        LoadProject(strPath, m_event, strStoredPath);
+    } catch (const std::exception& failure) {
+        m_surroundings.desktop.ShowMessage(failure.what());
+        return false;
+    }
+    m_history.Clear();
+    m_selection.Reset();
+    SetPathName(strPath);
+    if (m_event.m_strDataFolder.empty())
+        m_event.m_strDataFolder = FolderOf(strPath);
+    if (m_event.m_persons.IsEmpty())
+        CreateDefaultCompetitor();
+    for (CPerson* pPerson : m_event.m_persons) {
+        for (CSeries* pSeries : pPerson->m_series)
+            RecalculateTrackPoints(m_event, *pPerson, *pSeries, m_surroundings.progress);
+    }
+    ShowNewTree();
+    m_selection.SelectSeries(m_event.m_persons[0].m_series.IsEmpty() ? -1 : 0, true, true, true);
+    return true;
+}
+
+bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
+{
+    m_selection.Reset();
+    // The competitors of before come back when none of the files can be used.
+    CObjectArray<CPerson> before = std::exchange(m_event.m_persons, CObjectArray<CPerson>());
+    CPerson& person = AddCompetitor(m_event, "");
+    for (const std::string& strPath : paths) {
+        CImportMonitor monitor(&m_surroundings.desktop);
+        EImportEnd end = EImportEnd::Complete;
+        AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress);
+    }
+    const int nFiles = person.m_series.GetCount();
+    if (nFiles == 0) {
+        m_event.m_persons = std::move(before);
+        ShowNewTree();
+        m_selection.SelectSeries(-1, false, true, true);
+        return false;
+    }
+    m_history.Clear();
+    SetPathName(paths.front());
+    SetModifiedFlag(false);
+    ShowNewTree();
+    m_selection.SelectSeries(paths.size() == 1 ? nFiles - 1 : 0, true, true, true);
+    return true;
+}
+
+bool CKestroDoc::OnSaveDocument(std::string_view strPath)
+{
+    return IsProjectPath(strPath) ? SaveProject(strPath) : SaveCurrentTrackFile(strPath);
+}
+
+bool CKestroDoc::SaveProject(std::string_view strPath)
+{
+    try {
+        SaveProjectUnder(strPath, m_event, m_strProjectPath);
+    } catch (const CFileException& failure) {
+        m_surroundings.desktop.ShowMessage(failure.what());
+        return false;
+    }
+    m_surroundings.settings.Write("Files", "LastDocument", m_strPathName);
+    SetModifiedFlag(false);
+    m_history.NoteSaved(nullptr);
+    return true;
+}
+
+bool CKestroDoc::SaveCurrentTrackFile(std::string_view strPath)
+{
+    const std::string_view strRefusal = Refusal(ToLower(FileExtension(strPath)));
+    CSeries* pSeries = m_selection.GetCurrentSeries();
+    if (pSeries == nullptr || !strRefusal.empty()) {
+        m_surroundings.desktop.ShowMessage(pSeries == nullptr ? "There is no trackfile to save" : strRefusal);
+        return false;
+    }
+    const std::string strOldName = std::exchange(pSeries->m_strFileName, std::string(strPath));
+    if (!SaveSeries(*this, *pSeries)) {
+        pSeries->m_strFileName = strOldName;
+        return false;
+    }
+    pSeries->m_strName = FileTitle(strPath);
+    SetModifiedFlag(false);
+    m_history.NoteSaved(nullptr);
+    m_selection.ForgetResults(); // they carry the file's name
+    RecalculateTrackPoints(m_event, *m_selection.GetCurrentPerson(), *pSeries, m_surroundings.progress);
+    ShowNewTree();
+    m_selection.RefreshResults(false);
+    return true;
+}
+
+} // namespace kestrabel
