@@ -5,6 +5,7 @@
 #include "app/ProjectSave.h"
 #include "app/RecentFiles.h"
 #include "app/SaveQuestion.h"
+#include "platform/FileCause.h"
 #include "platform/Path.h"
 
 #include <algorithm>

@@ -7,13 +7,18 @@
 
 namespace kestrabel {
 
+std::string LowerCasedName(std::string_view strPath)
+{
+    const std::string strLower = ToLower(strPath);
+    const bool bSameFolder = FindFile(FolderOf(strLower)) == FindFile(FolderOf(strPath));
+    std::error_code ignored;
+    const bool bOther = std::filesystem::exists(FindFile(strLower), ignored) && FindFile(strLower) != strPath;
+    return bSameFolder && !bOther ? strLower : std::string(strPath);
+}
+
 std::string NewFileName(std::string_view strFolder, std::string_view strName, std::string_view strExtension)
 {
-    const std::string strPath = UniqueFileName(strFolder, strName, strExtension);
-    const std::string strLower = ToLower(strPath);
-    std::error_code ignored;
-    const bool bSameFolder = FindFile(FolderOf(strLower)) == FindFile(FolderOf(strPath));
-    return bSameFolder && !std::filesystem::exists(FindFile(strLower), ignored) ? strLower : strPath;
+    return LowerCasedName(UniqueFileName(strFolder, strName, strExtension));
 }
 
 } // namespace kestrabel
