@@ -17,6 +17,12 @@ if(KESTRABEL_SANITIZE)
   target_link_options(kestrabel_options INTERFACE -fsanitize=address,undefined,float-cast-overflow)
 endif()
 
+if(KESTRABEL_FUZZERS)
+  # So that the fuzzers see which branches an input reaches.
+  target_compile_options(kestrabel_options INTERFACE -fsanitize=fuzzer-no-link)
+  target_link_options(kestrabel_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # One folder of src/ as a library that may include, and links, only the folders named after it.
 function(kestrabel_folder name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES;LIBRARIES" ${ARGN})

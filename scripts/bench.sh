@@ -17,9 +17,10 @@ simulate=build/bench/tools/kestrabel-simulate
 data=build/bench-data
 mkdir -p "$data"
 session="$data/session-$fixes"
-for format in gpx nmea; do
+for format in gpx nmea sbn sbp trk gtr; do
   [ -f "$session.$format" ] || "$simulate" "$session.$format" --seed 7 --rate 5 --fixes "$fixes" > "$session.truth.json"
 done
+[ -f "$session.csv" ] || TZ=UTC gpsbabel -t -i gpx -f "$session.gpx" -o unicsv -F "$session.csv"
 
 # The peer reads the time zone file for every sentence when this is not set, which would flatter us.
 export TZ=UTC
@@ -48,6 +49,13 @@ gpx_peer="gpsbabel -i gpx -f $session.gpx"
 nmea_peer="gpsbabel -i nmea -f $session.nmea"
 pair "GPX into points" 0.40 "$programs/kestrabel-read $session.gpx" "$gpx_peer"
 pair "NMEA (GGA and RMC) into points" 0.12 "$programs/kestrabel-read $session.nmea" "$nmea_peer"
+# Of binary logs the peer reads no track unless it is asked for one; PCX5 and Gardown it does not read, and is
+# given the same points as its own table of comma-separated values.
+pair "SiRF stream (.sbn) into points" 0.50 "$programs/kestrabel-read $session.sbn" "gpsbabel -t -i sbn -f $session.sbn"
+pair "Binary log (.sbp) into points" 0.50 "$programs/kestrabel-read $session.sbp" "gpsbabel -t -i sbp -f $session.sbp"
+csv_peer="gpsbabel -t -i unicsv -f $session.csv"
+pair "PCX5 (.trk) into points, the peer: unicsv" 0.20 "$programs/kestrabel-read $session.trk" "$csv_peer"
+pair "Gardown (.gtr) into points, the peer: unicsv" 0.20 "$programs/kestrabel-read $session.gtr" "$csv_peer"
 pair "GPX to the six leaderboards" 0.55 "$tool leaderboard $session.gpx" "$gpx_peer"
 
 peak() { "$programs/compare-processes" 3 x "$1" | awk -F'|' '{ print $5 + 0 }'; }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds everything, installing what that takes, and runs all tests: once with assertions, once more under the
-# address and undefined-behaviour sanitizers.
+# address and undefined-behaviour sanitizers, and every fuzzer for a moment.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-packages.sh
@@ -12,3 +12,5 @@ for preset in dev asan; do
   cmake --build --preset "$preset"
   ctest --preset "$preset" --parallel "$(nproc)"
 done
+bash scripts/build-fuzzers.sh
+ctest --preset fuzz

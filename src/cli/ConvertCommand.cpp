@@ -81,8 +81,11 @@ EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutp
     if (strExtension != ".sbp" && strExtension != ".bin" && HasFractions(series))
         messages.About(strOutput, "times are written to the whole second");
     CImportMonitor writeMonitor(&report.Prompt());
-    if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points))
+    if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points)) {
+        for (const SImportIssue& issue : writeMonitor.Issues())
+            messages.About(strOutput, issue.strReason); // what the format could not keep
         return report.Status();
+    }
     messages.About(strOutput, WriteFailure(writeMonitor, report.Prompt()));
     return Worse(EExitStatus::Failed, report.Status());
 }

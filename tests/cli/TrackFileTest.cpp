@@ -1,6 +1,8 @@
 #include "cli/SteadyTrack.h"
 #include "cli/ToolRun.h"
+#include "formats/SirfBytes.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace kestrabel {
@@ -64,6 +66,46 @@ TEST(ConvertCommand, WritesAFileThatReadsBackOrLeavesTheOldOne)
         EXPECT_EQ(tool.Run({"convert", pInput, strOutput}).nStatus, nStatus);
         EXPECT_EQ(test::CTemporaryFolder::Read(strOld), "old");
         std::filesystem::remove(strOld);
+    }
+}
+
+TEST(ConvertCommand, EveryReadableFormatToEveryWritableOne)
+{
+    const test::CToolTest tool;
+    const std::string strGga = ",5000.0,N,00100.0,W,1,08,1.0,0,M,0,M,,\n";
+    tool.m_folder.Write("in.nmea", test::RmcLine(0, 0.0) + "$GPGGA,100000" + strGga +
+                                       test::RmcLine(1, 0.006) + "$GPGGA,100001" + strGga);
+    tool.m_folder.Write("in.sbn", test::Frame("\xfd SIM,1,1,1,x") + test::Frame(test::Navigation(0)) +
+                                      test::Frame(test::Navigation(1000)));
+    const std::vector<std::string> writable = {"gpx", "sbp", "bin", "trk", "gtr", "gd", "gdm"};
+    std::vector<std::string> readable = {"nmea", "sbn"};
+    for (const std::string& strFormat : writable) {
+        ASSERT_EQ(tool.Run({"convert", "in.nmea", "in." + strFormat}).nStatus, 0) << strFormat;
+        if (!strFormat.starts_with('g') || strFormat == "gpx") // track marks are not read again
+            readable.push_back(strFormat);
+    }
+    tool.m_folder.Write("in.gtr",
+                        "T N50.0 W1.0 Sat Jun 1 10:00:00 2024\r\nT N50.1 W1.0 Sat Jun 1 10:00:01 2024\r\n");
+    readable.push_back("gtr");
+    const std::set<std::string> tellSatellites = {"nmea", "gpx", "sbp", "bin"};
+    for (const std::string& strFrom : readable) {
+        for (const std::string& strTo : writable) {
+            SCOPED_TRACE(strFrom + " to " + strTo);
+            const test::SToolRun run = tool.Run({"convert", "in." + strFrom, "out." + strTo});
+            EXPECT_EQ(run.nStatus, 0);
+            // A reader of binary logs passes over what has no satellites: that must be told at once.
+            if ((strTo == "sbp" || strTo == "bin") && !tellSatellites.contains(strFrom)) {
+                EXPECT_THAT(run.strErr, testing::HasSubstr("2 points without satellites, passed over"));
+                continue;
+            }
+            if (strTo.starts_with('g') && strTo != "gpx") {
+                const std::string strMarks = test::CTemporaryFolder::Read(tool.m_folder.Path("out." + strTo));
+                EXPECT_EQ(test::Lines(strMarks).size(), 2U) << strMarks;
+                continue;
+            }
+            const std::string strInfo = tool.Run({"info", "out." + strTo}).strOut;
+            EXPECT_THAT(strInfo, testing::ContainsRegex("Number of Points: +2\n"));
+        }
     }
 }
 

@@ -249,4 +249,21 @@ inline CLayout<CEvent> EventTailLayout()
     };
 }
 
+/// An event file of that version up to the trailing double word. Its division is of the schema that tells
+/// that a version follows, or of the one before.
+inline std::string EventOf(int nVersion, std::map<std::string, double>& values)
+{
+    const SStoredBody<CEvent> head = MakeBody<CEvent>(EventHeadLayout(), nVersion);
+    const SStoredBody<CEvent> tail = MakeBody<CEvent>(EventTailLayout(), nVersion);
+    CArchiveBytes bytes;
+    bytes.Raw(head.bytes).Word(0);
+    OneObject(bytes, DivisionLayout(), nVersion >= 4 ? 6 : 5);
+    bytes.Dword(5).Double(1).Double(2);
+    if (nVersion >= 4)
+        bytes.Dword(static_cast<std::uint64_t>(nVersion)).Raw(tail.bytes);
+    values = head.values;
+    values.insert(tail.values.begin(), tail.values.end());
+    return bytes.Get();
+}
+
 } // namespace kestrabel::test
