@@ -2,7 +2,7 @@
 
 #include "app/FileFilters.h"
 #include "app/RecentFiles.h"
-#include "platform/FileSettings.h"
+#include "platform/IniText.h"
 #include "platform/Path.h"
 
 #include <filesystem>
@@ -15,6 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view DefaultProject = "Default.rsp";
+constexpr std::size_t MaxVersionLength = 49;
 constexpr std::string_view BuiltInVersion = "Version 1.917";
 
 } // namespace
@@ -86,7 +87,7 @@ bool CApplication::OnClose()
 std::string CApplication::VersionText() const
 {
     const std::string strPath = m_document.m_surroundings.strProgramFolder + "version.txt";
-    const std::string strVersion = ReadIniEntry(strPath, "Version", "BinaryVersion");
+    const std::string strVersion = ReadIniEntry(strPath, "Version", "BinaryVersion", MaxVersionLength);
     return strVersion.empty() ? std::string(BuiltInVersion) : strVersion;
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <set>
 
 namespace kestrabel {
 
@@ -25,6 +26,18 @@ void Show(CKestroDoc& document, const SShown& shown)
         selection.SetFocusPoint(shown.nFocusSeries, shown.dFocusPoint);
         document.m_hub.UpdateAllViews(nullptr, HINT_FOCUS_MOVED);
     }
+}
+
+void SwapForth(const SEditStep& step)
+{
+    for (const auto& pChange : step.changes)
+        pChange->Swap();
+}
+
+void SwapBack(const SEditStep& step)
+{
+    for (const auto& pChange : step.changes | std::views::reverse)
+        pChange->Swap();
 }
 
 /// Makes the results and derived points follow what the changes of a step have just done or taken back.
@@ -78,28 +91,43 @@ std::string_view CEditHistory::RedoName() const
     return m_nDone < m_steps.size() ? m_steps[m_nDone].strName : std::string_view();
 }
 
+/// The steps below that marked points of the same files without a derivation behind it, the last one first:
+/// those files were derived with the marks of before.
+std::vector<const SEditStep*> CEditHistory::MarksNotDerived(const SEditStep& step) const
+{
+    std::vector<const SEditStep*> marks;
+    if (!step.bDerives)
+        return marks;
+    std::set<const CSeries*> files;
+    for (const CTouchedSeries& touched : step.touched)
+        files.insert(&touched.Series());
+    for (std::size_t i = m_nDone; i-- > 0 && !files.empty();) {
+        for (const CTouchedSeries& touched : m_steps[i].touched) {
+            if (m_steps[i].bDerives)
+                files.erase(&touched.Series());
+            else if (files.contains(&touched.Series()))
+                marks.push_back(&m_steps[i]);
+        }
+    }
+    return marks;
+}
+
 bool CEditHistory::Undo(CKestroDoc& document)
 {
     if (m_nDone == 0)
         return false;
     SEditStep& step = m_steps[--m_nDone];
     document.m_selection.ForgetResults();
-    for (const auto& pChange : step.changes | std::views::reverse)
-        pChange->Swap();
+    SwapBack(step);
     for (CTouchedSeries& touched : step.touched) {
         touched.Restore();
         touched.Series().m_bModified = touched.m_mark.bBefore;
     }
     document.m_selection.ForgetPoints();
+    const std::vector<const SEditStep*> marks = MarksNotDerived(step);
+    std::ranges::for_each(marks, [](const SEditStep* pMarks) { SwapBack(*pMarks); });
     Follow(document, step);
-    // The steps below that marked points without a derivation have just lost their marks.
-    std::size_t nFirst = m_nDone;
-    while (step.bDerives && nFirst > 0 && !m_steps[nFirst - 1].bDerives)
-        --nFirst;
-    for (; nFirst < m_nDone; ++nFirst) {
-        for (const auto& pChange : m_steps[nFirst].changes)
-            pChange->SetAgain();
-    }
+    std::ranges::for_each(marks | std::views::reverse, [](const SEditStep* pMarks) { SwapForth(*pMarks); });
     document.SetModifiedFlag(step.mark.bBefore);
     Show(document, step.before);
     return true;
@@ -111,8 +139,7 @@ bool CEditHistory::Redo(CKestroDoc& document)
         return false;
     SEditStep& step = m_steps[m_nDone++];
     document.m_selection.ForgetResults();
-    for (const auto& pChange : step.changes)
-        pChange->Swap();
+    SwapForth(step);
     for (CTouchedSeries& touched : step.touched)
         touched.Series().m_bModified = touched.m_mark.bAfter;
     document.m_selection.ForgetPoints();

@@ -19,9 +19,6 @@ class CChange
 public:
     virtual ~CChange() = default;
     virtual void Swap() = 0;
-    /// Sets again what a derivation has overwritten, where the change is done and had no derivation behind
-    /// it.
-    virtual void SetAgain() {}
 };
 
 /// What the panes showed when a step began or ended.
@@ -65,6 +62,9 @@ public:
     std::string_view UndoName() const;
     std::string_view RedoName() const;
 
+    /// The number of steps that can be undone.
+    std::size_t UndoCount() const { return m_nDone; }
+
     /// Undoes or redoes one step, derives the points and voids the results that it concerns, and shows what
     /// was shown then. False when there is nothing.
     bool Undo(CKestroDoc& document);
@@ -74,6 +74,8 @@ public:
     void NoteSaved(const CSeries* pSeries);
 
 private:
+    std::vector<const SEditStep*> MarksNotDerived(const SEditStep& step) const;
+
     std::vector<SEditStep> m_steps;
     std::size_t m_nDone = 0; ///< the steps below are done, those from here on undone
 };

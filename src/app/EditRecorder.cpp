@@ -2,6 +2,8 @@
 
 #include "app/Document.h"
 
+#include <algorithm>
+
 namespace kestrabel {
 
 namespace {
@@ -42,9 +44,12 @@ void CEditRecorder::Finish(bool bDerive)
 {
     m_step.bDerives = bDerive;
     m_document.m_selection.ForgetPoints();
+    const bool bHadDoppler = std::ranges::any_of(
+        m_step.touched, [](const CTouchedSeries& touched) { return touched.Series().m_bHasDoppler != 0; });
     for (CTouchedSeries& touched : m_step.touched) {
         touched.Series().m_bModified = touched.m_mark.bAfter;
-        touched.KeepCourses();
+        if (bHadDoppler)
+            touched.KeepCourses();
         if (bDerive)
             touched.Derive(m_document.m_event, m_document.m_surroundings.progress);
         else

@@ -32,14 +32,14 @@ std::vector<int> ChoosePoints(const CEvent& event, const CSeries& series, const 
         const int nLast = chosen.empty() ? -1 : chosen.back();
         switch (dialog.mode) {
         case EExtractBy::TrackPoint:
-            return nLast == -1 ? i == dialog.nStartPoint
-                               : i - nLast >= static_cast<std::int64_t>(dialog.nEvery);
+            return nLast == -1 ? i == dialog.startPoint.Whole() : i - nLast >= dialog.every.Value();
         case EExtractBy::Time:
-            return nLast == -1
-                       ? i == static_cast<std::int64_t>(dialog.nTimeStartPoint)
-                       : SecondsBetween(points[nLast].m_time, points[i].m_time) >= dialog.nEverySeconds;
+            return nLast == -1 ? i == dialog.timeStartPoint.Value()
+                               : SecondsBetween(points[nLast].m_time, points[i].m_time) >=
+                                     dialog.everySeconds.Value();
         case EExtractBy::Day: return DayOf(event, points[i]) == dDay;
-        case EExtractBy::MinimumSpeed: return points[i].m_dSpeed * dialog.UnitFactor() >= dialog.dFasterThan;
+        case EExtractBy::MinimumSpeed:
+            return points[i].m_dSpeed * dialog.UnitFactor() >= dialog.fasterThan.Value();
         }
         return false;
     };
@@ -89,7 +89,9 @@ void ExtractTrack(CKestroDoc& document)
     CopyDescription(*pSource, created);
     created.m_strName = dialog.strTrackName;
     created.m_bManaged = 1;
-    created.m_strFileName = NewFileName(document.m_event.m_strDataFolder, dialog.strTrackName, ".trk");
+    // The name proposed is the source's path: only its last element can name a file.
+    const std::string strTitle = dialog.strTrackName.substr(dialog.strTrackName.find_last_of("/\\") + 1);
+    created.m_strFileName = NewFileName(document.m_event.m_strDataFolder, strTitle, ".trk");
     const int nFocus = static_cast<int>(selection.m_dFocusPoint);
     for (const int nIndex : ChoosePoints(document.m_event, *pSource, dialog, nFocus)) {
         CTrackPoint& copy = created.m_points.Add(std::make_unique<CTrackPoint>(pSource->m_points[nIndex]));

@@ -47,10 +47,4 @@ void CMarkedPoints::Swap()
         mark.pPoint->m_nInvalidFlags = m_bDone ? mark.nAfter : mark.nBefore;
 }
 
-void CMarkedPoints::SetAgain()
-{
-    for (const SMark& mark : m_marks)
-        mark.pPoint->m_nInvalidFlags = mark.nAfter;
-}
-
 } // namespace kestrabel

@@ -67,7 +67,6 @@ public:
     }
     bool IsEmpty() const { return m_marks.empty(); }
     void Swap() override;
-    void SetAgain() override;
 
 private:
     struct SMark

@@ -15,7 +15,8 @@ CTouchedSeries::CTouchedSeries(const CEvent& event, CPerson& person, CSeries& se
     const int nLast = points.GetCount() - 1;
     for (int i = 0; i <= nLast; ++i) {
         const CTrackPoint* pPrevious = i > 0 ? points.At(i - 1) : nullptr;
-        if (i == 0 || i == nLast || StartsGap(pPrevious, points[i], event.m_nTimeThreshold))
+        const bool bOldDoppler = series.m_bHasDoppler == 0 && points[i].m_dTotalDopplerDistance != 0.0;
+        if (i == 0 || i == nLast || bOldDoppler || StartsGap(pPrevious, points[i], event.m_nTimeThreshold))
             m_held.emplace_back(points.At(i), points[i]);
         else if (points[i].m_dDirection == 0.0)
             m_courses.emplace_back(points.At(i), 0.0); // 0 stands for "none told"
@@ -26,7 +27,7 @@ void CTouchedSeries::KeepCourses()
 {
     const CObjectArray<CTrackPoint>& points = m_pSeries->m_points;
     const auto hasDoppler = [](const CTrackPoint* pPoint) { return pPoint->m_dDoppler > 0.0; };
-    if (m_pSeries->m_bHasDoppler == 0 || std::any_of(points.begin(), points.end(), hasDoppler))
+    if (std::any_of(points.begin(), points.end(), hasDoppler))
         return;
     for (CTrackPoint* pPoint : points)
         m_courses.emplace_back(pPoint, pPoint->m_dDirection);

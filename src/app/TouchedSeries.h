@@ -18,15 +18,16 @@ struct SModifiedMark
 
 /// A track file that a step edits. The derivation rebuilds what it derives from the points in their order,
 /// but for what it lets stand: the steps behind a gap, the first and last points, courses that a receiver
-/// told. That is kept here before the edit, so that an undo gives back every value.
+/// told, Doppler distances from when the file still had some. That is kept here before the edit, so that an
+/// undo gives back every value.
 class CTouchedSeries
 {
 public:
     /// Made before the points change.
     CTouchedSeries(const CEvent& event, CPerson& person, CSeries& series, bool bModifies);
 
-    /// Called after the points changed and before they are derived. Without a single Doppler speed left the
-    /// derivation overwrites the courses, which then are kept, too.
+    /// Called after the points of a file with Doppler speeds changed, and before they are derived. Without a
+    /// single one left the derivation overwrites the courses, which then are kept, too.
     void KeepCourses();
 
     /// Called after an undo has brought the points back and before they are derived.

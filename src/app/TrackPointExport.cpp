@@ -5,6 +5,7 @@
 #include "app/NewFileName.h"
 #include "formats/TrackFileDispatcher.h"
 #include "platform/Path.h"
+#include "present/GridFile.h"
 
 namespace kestrabel {
 

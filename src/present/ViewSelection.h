@@ -42,17 +42,29 @@ public:
     CPerson* GetCurrentPerson() const; ///< null when there is none
     CSeries* GetCurrentSeries() const; ///< null when there is none, or all files are shown
 
+    /// Shows a file of the first competitor, or with -1 all of them, and lists its results. `bRecalculate`
+    /// has them calculated anew. The panes are told HINT_ALL for a full refresh, else that the points changed
+    /// or, with `bPointsHint` off, only the results.
     void SelectSeries(int nSeries, bool bRecalculate, bool bPointsHint, bool bFullRefresh = false);
+    /// Lists the leaderboard of a division, or with -1 the results in all of them.
     void ShowDivisionResults(int nDivision);
+    /// Marks the run of a listed result, null for none, and focuses its first or fastest point.
     void SelectResult(const CResult* pResult);
+    /// Calculates and lists the results of what is shown anew.
     void RefreshResults(bool bResetFocus);
+    /// The same, having derived the points of the shown files before when that is wished.
     void Recalculate(bool bResetFocus, bool bDerivePoints);
+    /// Moves the focus and fills the status-bar texts. A point beyond the list becomes the last one, -1 none.
     void SetFocusPoint(int nSeries, double dPoint);
+
+    // What a pane calls when the user chose something in it; the other panes follow.
+    void MoveFocus(const CPane* pSender, int nSeries, double dPoint);
+    void PickResult(const CPane* pSender, const CResult* pResult);
 
     /// The picked run and the list of results become none; results that are about to be deleted must not be
     /// referred to.
     void ForgetResults();
-    /// Every point list handed out is void: points were added, removed or reordered.
+    /// Every merged list handed out is void: points were added, removed or reordered.
     void ForgetPoints();
 
     int m_nCompetitor = -1;
@@ -85,9 +97,23 @@ public:
     std::array<std::string, 6> m_statusTexts; ///< status-bar panes 1 to 6
 
 private:
+    using CPointList = CObjectArray<CTrackPoint>;
+
+    /// Calls `visit(file)` for the shown file, or for every file of the competitor.
+    template <class TVisit>
+    void ForEachShownFile(TVisit&& visit) const;
+    void ForgetRun();
+    void ForgetShownResults();
+    void MeasureExtremes(const CSeries* pOnly);
+    void CollectResults();
+    void ListDivision();
+    int FastestOfRun();
+
     CEvent& m_event;
     CUpdateHub& m_hub;
     CProgressDisplay& m_progress;
+    CPointList m_merged{CPointList::EOwnership::Borrows};
+    int m_nMergedCompetitor = -1; ///< whose points m_merged has; -1: nobody's
 };
 
 } // namespace kestrabel

@@ -1,0 +1,219 @@
+#include "app/AppWorld.h"
+
+#include "app/DivisionCommands.h"
+#include "app/TrackEditing.h"
+#include "app/WayPointCommands.h"
+#include "present/DeleteSlowPointsDialog.h"
+#include "present/EditDivisionDialog.h"
+#include "present/ExtractTrackDialog.h"
+#include "present/SortTrackPointsDialog.h"
+#include "present/WayPointDialog.h"
+
+#include <algorithm>
+#include <random>
+#include <sstream>
+
+namespace kestrabel::test {
+namespace {
+
+struct CRandom
+{
+    explicit CRandom(unsigned nSeed) : m_engine(nSeed) {}
+    /// 0 to nCount - 1
+    int Below(int nCount) { return static_cast<int>(m_engine() % static_cast<unsigned>(nCount)); }
+    bool OneIn(int nCount) { return Below(nCount) == 0; }
+
+    std::mt19937 m_engine;
+};
+
+using CState = std::vector<std::string>;
+
+/// All that a step may change, a line for each object, so that a difference can be read.
+CState StateOf(const CKestroDoc& document)
+{
+    CState state;
+    std::ostringstream line;
+    line.precision(17);
+    const auto endLine = [&] {
+        state.push_back(line.str());
+        line.str("");
+    };
+    const auto addWayPoints = [&](const CObjectArray<CWayPoint>& wayPoints) {
+        for (const CWayPoint* p : wayPoints)
+            line << p->m_strName << ";";
+        endLine();
+    };
+    line << "modified " << document.IsModified();
+    endLine();
+    for (const CDivision* p : document.m_event.m_divisions)
+        line << p->m_strName << " " << p->m_dMetres << ";";
+    endLine();
+    addWayPoints(document.m_event.m_waypoints);
+    for (const CPerson* pPerson : document.m_event.m_persons) {
+        for (const std::string& strName : pPerson->m_divisionNames)
+            line << strName << ";";
+        endLine();
+        for (const CSeries* p : pPerson->m_series) {
+            line << p->m_strName << " " << p->m_strFileName << " " << p->m_bModified << p->m_bManaged << " "
+                 << p->m_dTotalDistance << " " << p->m_dTravelTime << " " << p->m_dMaxSpeed << " "
+                 << p->m_dMaxDoppler << " " << p->m_dMaxAltitude << " " << p->m_rcBounds.m_dWest;
+            endLine();
+            addWayPoints(p->m_waypoints);
+            for (const CTrackPoint* pPoint : p->m_points) {
+                line << p->m_strName << " " << pPoint << " time " << pPoint->m_time.m_dDays << " flags "
+                     << pPoint->m_nInvalidFlags << " index " << pPoint->m_nTrack << " of "
+                     << int{pPoint->m_nSeriesIndex} << " runs " << pPoint->m_nRun << " "
+                     << pPoint->m_nDopplerRun << " altitude " << pPoint->m_nAltitude << " at "
+                     << pPoint->m_position.m_dLatitude << " speed " << pPoint->m_dSpeed << " "
+                     << pPoint->m_dDoppler << " totals " << pPoint->m_dTotalDistance << " "
+                     << pPoint->m_dTotalDopplerDistance << " " << pPoint->m_dSumStepSquares << " step "
+                     << pPoint->m_dDeltaTime << " " << pPoint->m_dDistance << " " << pPoint->m_dDopplerStep
+                     << " course " << pPoint->m_dDirection << " " << pPoint->m_dWindAngle;
+                endLine();
+            }
+        }
+    }
+    return state;
+}
+
+/// The first line that differs, in both forms; empty when there is none.
+std::string Difference(const CState& actual, const CState& expected)
+{
+    const auto [pActual, pExpected] = std::ranges::mismatch(actual, expected);
+    if (pActual == actual.end() && pExpected == expected.end())
+        return {};
+    return "is  " + (pActual == actual.end() ? "" : *pActual) + "\nwas " +
+           (pExpected == expected.end() ? "" : *pExpected);
+}
+
+/// A wild track: gaps, repeated and backward times, points without a position, courses that are 0.
+void AddWildTrack(SAppWorld& world, CRandom& random, const std::string& strName, bool bDoppler)
+{
+    CSeries& series = world.Person().m_series.Add(std::make_unique<CSeries>());
+    series.m_strName = strName;
+    series.m_strFileName = world.folder.Path(strName + ".gpx");
+    double dSecond = 0.0;
+    for (int i = 0; i < 120; ++i) {
+        dSecond += random.OneIn(15) ? 300.0 : random.OneIn(20) ? -3.0 : random.OneIn(20) ? 0.0 : 1.0;
+        CTrackPoint& point = series.m_points.Add(std::make_unique<CTrackPoint>());
+        point.m_time =
+            DATE::FromCalendar({.nYear = 2024, .nMonth = 6, .nDay = 1}).Plus(dSecond * DaysPerSecond);
+        if (!random.OneIn(25))
+            point.m_position = MakePosition(52.0 + 1e-4 * random.Below(40), 5.0 + 1e-4 * random.Below(40));
+        point.m_nAltitude = random.Below(30);
+        point.m_dDirection = random.OneIn(3) ? 0.0 : 1.5;
+        // One point alone tells a Doppler speed: without it the courses are the derivation's.
+        if (bDoppler ? !random.OneIn(4) : i == 60)
+            point.m_dDoppler = 5.0 + random.Below(60);
+    }
+}
+
+/// One random command; some do nothing.
+void DoSomething(SAppWorld& world, CRandom& random)
+{
+    CKestroDoc& document = world.document;
+    const int nSeries = random.Below(world.Person().m_series.GetCount());
+    world.selection.SelectSeries(nSeries, false, true);
+    const CObjectArray<CTrackPoint>& points = world.Series(nSeries).m_points;
+    if (points.IsEmpty())
+        return;
+    const int nPoint = random.Below(points.GetCount());
+    world.selection.SetFocusPoint(nSeries, nPoint);
+    std::vector<CTrackPoint*> chosen;
+    for (CTrackPoint* pPoint : points) {
+        if (random.OneIn(8))
+            chosen.push_back(pPoint);
+    }
+    const int nDivision = random.Below(world.event.m_divisions.GetCount());
+    switch (random.Below(15)) {
+    case 0:
+        world.desktop.Dialog<SSortTrackPointsDialog>([](auto&) { return true; });
+        return SortTrackPoints(document);
+    case 1: return SplitSeries(document);
+    case 2:
+        world.desktop.Dialog<SExtractTrackDialog>([&](SExtractTrackDialog& dialog) {
+            dialog.strTrackName = "extract " + std::to_string(random.m_engine()); // of its own
+            return true;
+        });
+        return ExtractTrack(document);
+    case 3: return DeleteInvalid(document, 0, random.OneIn(2) ? -1 : nSeries);
+    case 4:
+        world.desktop.Dialog<SDeleteSlowPointsDialog>([&](SDeleteSlowPointsDialog& dialog) {
+            dialog.speed.Set(random.Below(10));
+            return true;
+        });
+        return DeleteSlowPoints(document);
+    case 5: return MarkPoints(document, chosen, true);
+    case 6: return MarkPoints(document, chosen, false);
+    case 7: return MarkFocusPoint(document, true);
+    case 8: return MarkFocusPoint(document, false);
+    case 9: return DeletePoints(document, chosen);
+    case 10: return DeletePoint(document, nPoint);
+    case 11:
+        if (world.Person().m_series.GetCount() < 6)
+            CreateCombinedSeries(document, 0);
+        return;
+    case 12:
+        if (random.OneIn(2)) {
+            MoveDivisionUp(document, nDivision);
+        } else if (world.event.m_divisions.GetCount() > 1) {
+            DeleteDivision(document, nDivision);
+        }
+        return;
+    case 13:
+        world.desktop.Dialog<SEditDivisionDialog>([&](SEditDivisionDialog& dialog) {
+            dialog.strName += "x";
+            dialog.metres.Set(100.0 + random.Below(100));
+            return true;
+        });
+        EditDivision(document, nDivision);
+        return;
+    default:
+        world.desktop.Dialog<SWayPointDialog>([](auto&) { return true; });
+        return random.OneIn(2) ? AddWaypointAtPoint(document, nPoint)
+                               : AddCheckPointAtPoint(document, nPoint);
+    }
+}
+
+TEST(EditHistory, UndoneToTheStartAndRedoneToTheEndEveryValueIsTheSame)
+{
+    for (unsigned nSeed = 1; nSeed <= 25; ++nSeed) {
+        SCOPED_TRACE(nSeed);
+        CRandom random(nSeed);
+        SAppWorld world;
+        ASSERT_TRUE(world.document.OnNewDocument());
+        world.event.m_strDataFolder = world.folder.Path("");
+        world.Person().m_series.RemoveAll();
+        AddWildTrack(world, random, "ride_1", true);
+        AddWildTrack(world, random, "ride_2", false);
+        for (CSeries* pSeries : world.Person().m_series)
+            CalculateTrackPoints(world.event, world.Person(), *pSeries, NoProgress());
+
+        CEditHistory& history = world.document.m_history;
+        std::vector<CState> states = {StateOf(world.document)};
+        for (int i = 0; i < 60; ++i) {
+            DoSomething(world, random);
+            if (history.UndoCount() == states.size())
+                states.push_back(StateOf(world.document));
+            ASSERT_EQ(Difference(StateOf(world.document), states.back()), "")
+                << "a command without a step changes nothing";
+        }
+        for (std::size_t n = states.size() - 1; n-- > 0;) {
+            const std::string strName(history.UndoName());
+            ASSERT_TRUE(history.Undo(world.document));
+            ASSERT_EQ(Difference(StateOf(world.document), states[n]), "")
+                << "undoing " << strName << ", step " << n;
+        }
+        EXPECT_FALSE(history.Undo(world.document));
+        for (std::size_t n = 1; n < states.size(); ++n) {
+            const std::string strName(history.RedoName());
+            ASSERT_TRUE(history.Redo(world.document));
+            ASSERT_EQ(Difference(StateOf(world.document), states[n]), "")
+                << "redoing " << strName << ", step " << n;
+        }
+        EXPECT_FALSE(history.Redo(world.document));
+    }
+}
+
+} // namespace
+} // namespace kestrabel::test
