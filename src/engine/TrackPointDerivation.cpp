@@ -39,13 +39,16 @@ void ResetStatistics(CSeries& series)
     series.m_bInTimeOrder = true;
 }
 
-/// Index of the first element of that name without regard to case; -1 when there is none.
+/// Index of the object; of one that is not in the array, that of the first of its name without regard to
+/// case; -1 when there is none. Names alone would not do: two loggers' files may share one.
 template <class T>
-int FindByName(const CObjectArray<T>& objects, const std::string& strName)
+int IndexOf(const CObjectArray<T>& objects, const T& object)
 {
-    const auto found = std::find_if(objects.begin(), objects.end(), [&](const T* pObject) {
-        return EqualNoCase(pObject->m_strName, strName);
-    });
+    auto found = std::find(objects.begin(), objects.end(), &object);
+    if (found == objects.end())
+        found = std::find_if(objects.begin(), objects.end(), [&](const T* pObject) {
+            return EqualNoCase(pObject->m_strName, object.m_strName);
+        });
     return found == objects.end() ? -1 : static_cast<int>(found - objects.begin());
 }
 
@@ -254,8 +257,8 @@ bool CalculateTrackPoints(const CEvent& event, const CPerson& person, CSeries& s
     ResetStatistics(series);
     for (CWayPoint* pWayPoint : series.m_waypoints)
         pWayPoint->m_rcExtent = BoxAround(pWayPoint->m_position, pWayPoint->m_dProximity);
-    series.m_nPersonIndex = FindByName(event.m_persons, person.m_strName);
-    series.m_nSeriesIndex = FindByName(person.m_series, series.m_strName);
+    series.m_nPersonIndex = IndexOf(event.m_persons, person);
+    series.m_nSeriesIndex = IndexOf(person.m_series, series);
 
     const CObjectArray<CTrackPoint>& points = series.m_points;
     const int nCount = points.GetCount();
