@@ -13,5 +13,5 @@ tool=build/release/src/cli/kestrabel-cli
 if [ "$#" -gt 0 ]; then
   exec "$tool" "$@"
 fi
-exec "$tool" leaderboard \
+exec "$tool" leaderboard --project samples/sample.rsp --checkpoint "Start,52.80037,5.2703,50" \
   --entry "Anna=samples/anna.nmea" --entry "Ben=samples/ben.gpx" --entry "Chloe=samples/chloe.txt"

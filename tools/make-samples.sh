@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# Makes the track files of samples/ again, with the same bytes on every machine:
+# Makes the files of samples/ again, with the same bytes on every machine:
 #
 #   tools/make-samples.sh PROGRAM            writes them
 #   tools/make-samples.sh --check PROGRAM    compares with them and writes nothing; status 1 when one differs
 #
-# PROGRAM is the path of kestrabel-simulate, such as build/dev/tools/kestrabel-simulate.
+# PROGRAM is the path of kestrabel-simulate, such as build/dev/tools/kestrabel-simulate;
+# kestrabel-sample-project stands beside it.
 set -euo pipefail
 
 check=0
@@ -43,7 +44,9 @@ rider() {
 # The head of a GPX file tells when it was written.
 sed -i '1,8s|^  <time>.*</time>|  <time>2024-08-17T18:00:00Z</time>|' "$made/ben.gpx"
 
-for file in anna.nmea ben.gpx chloe.txt truth.json; do
+"$(dirname "$program")/kestrabel-sample-project" "$made/sample.rsp"
+
+for file in anna.nmea ben.gpx chloe.txt truth.json sample.rsp; do
   if [ "$check" -eq 0 ]; then
     cp "$made/$file" "samples/$file"
   elif ! cmp "$made/$file" "samples/$file"; then
