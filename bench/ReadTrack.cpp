@@ -1,4 +1,5 @@
-// Reads one track file into points and does nothing else, for comparison with other programs' readers.
+// Reads one track file into points and does nothing else, for comparison with other programs' readers. A file
+// without points is a failure: reading nothing is fast.
 
 #include "formats/TrackFileDispatcher.h"
 
@@ -14,6 +15,7 @@ int main(int nArguments, char** pArguments)
     series.m_strFileName = pArguments[1];
     kestrabel::CImportMonitor monitor;
     kestrabel::EImportEnd end = kestrabel::EImportEnd::Failed;
-    std::cout << kestrabel::ImportTrackFile(monitor, series, end) << " points\n";
-    return end == kestrabel::EImportEnd::Complete ? 0 : 3;
+    const auto nPoints = kestrabel::ImportTrackFile(monitor, series, end);
+    std::cout << nPoints << " points\n";
+    return end == kestrabel::EImportEnd::Complete && nPoints > 0 ? 0 : 3;
 }

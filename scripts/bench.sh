@@ -20,6 +20,11 @@ session="$data/session-$fixes"
 for format in gpx nmea sbn sbp trk gtr; do
   [ -f "$session.$format" ] || "$simulate" "$session.$format" --seed 7 --rate 5 --fixes "$fixes" > "$session.truth.json"
 done
+# Track marks are written but hold no track lines; a download program would have made these of the same fixes.
+[ -f "$session.gd" ] || awk -F '[,T:-]' -v months="Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec" '
+  BEGIN { split(months, month, " ") }
+  { printf "T N%d %.6f E%03d %.6f Sat %s %s %s:%s:%s %s\n", $1, ($1 - int($1)) * 60, $2, ($2 - int($2)) * 60,
+      month[$4 + 0], $5, $6, $7, $8, $3 }' "$session.gtr" > "$session.gd"
 [ -f "$session.csv" ] || TZ=UTC gpsbabel -t -i gpx -f "$session.gpx" -o unicsv -F "$session.csv"
 
 # The peer reads the time zone file for every sentence when this is not set, which would flatter us.
@@ -55,7 +60,7 @@ pair "SiRF stream (.sbn) into points" 0.50 "$programs/kestrabel-read $session.sb
 pair "Binary log (.sbp) into points" 0.50 "$programs/kestrabel-read $session.sbp" "gpsbabel -t -i sbp -f $session.sbp"
 csv_peer="gpsbabel -t -i unicsv -f $session.csv"
 pair "PCX5 (.trk) into points, the peer: unicsv" 0.20 "$programs/kestrabel-read $session.trk" "$csv_peer"
-pair "Gardown (.gtr) into points, the peer: unicsv" 0.20 "$programs/kestrabel-read $session.gtr" "$csv_peer"
+pair "Gardown (.gd) into points, the peer: unicsv" 0.20 "$programs/kestrabel-read $session.gd" "$csv_peer"
 pair "GPX to the six leaderboards" 0.55 "$tool leaderboard $session.gpx" "$gpx_peer"
 
 peak() { "$programs/compare-processes" 3 x "$1" | awk -F'|' '{ print $5 + 0 }'; }

@@ -3,6 +3,7 @@
 #include "formats/ScriptedPrompt.h"
 #include "formats/TrackMarksWriter.h"
 #include "support/FileSizeLimit.h"
+#include "support/KilledSave.h"
 #include "support/TemporaryFolder.h"
 #include "support/Track.h"
 
@@ -101,6 +102,23 @@ TEST(TrackWriterFailure, FullDiskLeavesTheOldFile)
             EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path("")), {}), 1)
                 << "nothing half-written is left";
         }
+    }
+}
+
+TEST(TrackWriterFailure, KilledWhileSavingItIsTheOldFileOrTheNewOne)
+{
+    const CTemporaryFolder folder;
+    CSeries series[2];
+    for (CSeries& one : series)
+        FillSeries(one);
+    for (CTrackPoint* pPoint : series[1].m_points)
+        pPoint->m_position.m_dLatitude += 0.25;
+    for (const SWriter& writer : Writers) {
+        SCOPED_TRACE(writer.pWhat);
+        KillWhileSaving(folder.Path("log"), 20, [&](int nContent) {
+            CImportMonitor monitor;
+            writer.write(monitor, folder.Path("log"), series[nContent]);
+        });
     }
 }
 
