@@ -61,7 +61,7 @@ private:
 class CMarkedPoints : public CChange
 {
 public:
-    void Mark(CTrackPoint& point, std::uint16_t nFlags)
+    void Mark(CTrackPoint& point, std::uint8_t nFlags)
     {
         m_marks.push_back({&point, point.m_nInvalidFlags, nFlags});
     }
@@ -72,8 +72,8 @@ private:
     struct SMark
     {
         CTrackPoint* pPoint;
-        std::uint16_t nBefore;
-        std::uint16_t nAfter;
+        std::uint8_t nBefore;
+        std::uint8_t nAfter;
     };
     std::vector<SMark> m_marks;
     bool m_bDone = false;

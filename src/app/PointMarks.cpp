@@ -24,7 +24,7 @@ bool Mark(CEditRecorder& recorder, CPerson& person, std::span<CTrackPoint* const
             files.push_back(pSeries);
         }
         const int nFlags = bInvalid ? pPoint->m_nInvalidFlags | InvalidFlag::User : 0;
-        pMarks->Mark(*pPoint, static_cast<std::uint16_t>(nFlags));
+        pMarks->Mark(*pPoint, static_cast<std::uint8_t>(nFlags));
     }
     if (pMarks->IsEmpty())
         return false;

@@ -51,7 +51,7 @@ void CTouchedSeries::Derive(const CEvent& event, CProgressDisplay& progress)
     // A single point is not derived, but it is the first of its file.
     if (m_pSeries->m_points.GetCount() == 1) {
         m_pSeries->m_points[0].m_nTrack = 0;
-        m_pSeries->m_points[0].m_nSeriesIndex = static_cast<std::uint8_t>(m_pSeries->m_nSeriesIndex);
+        m_pSeries->m_points[0].m_nSeriesIndex = static_cast<std::uint16_t>(m_pSeries->m_nSeriesIndex);
     }
 }
 

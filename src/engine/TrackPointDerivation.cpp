@@ -83,7 +83,7 @@ void CStepPass::Number(CTrackPoint& point, int nIndex) const
 {
     point.m_nInvalidFlags &= InvalidFlag::User;
     point.m_nTrack = nIndex;
-    point.m_nSeriesIndex = static_cast<std::uint8_t>(m_series.m_nSeriesIndex);
+    point.m_nSeriesIndex = static_cast<std::uint16_t>(m_series.m_nSeriesIndex);
 }
 
 void CStepPass::First(CTrackPoint& point) const

@@ -21,7 +21,7 @@ double WithAltitude(double dDistance, std::int32_t nFrom, std::int32_t nTo)
 
 } // namespace
 
-CWindowAccumulator::CWindowAccumulator(const CDivision& division, std::uint16_t nInvalidMask)
+CWindowAccumulator::CWindowAccumulator(const CDivision& division, std::uint8_t nInvalidMask)
     : m_dTarget(division.m_nKind == DivisionKind::Distance ? division.m_dMetres * MetresToKilometres
                                                            : division.m_nSeconds - TimeTolerance),
       m_bStrict(division.m_bStrict != 0),

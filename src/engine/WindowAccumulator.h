@@ -22,7 +22,7 @@ namespace kestrabel {
 class CWindowAccumulator
 {
 public:
-    CWindowAccumulator(const CDivision& division, std::uint16_t nInvalidMask);
+    CWindowAccumulator(const CDivision& division, std::uint8_t nInvalidMask);
     virtual ~CWindowAccumulator() = default;
 
     /// True when a window cannot resume from the previous window's end: every new start must then add its
@@ -113,7 +113,7 @@ protected:
     double m_dLastStepSquared = 0.0;
 
 private:
-    std::uint16_t m_nInvalidMask;
+    std::uint8_t m_nInvalidMask;
 };
 
 /// From the first point straight to the last; an invalid point on the way does not matter.

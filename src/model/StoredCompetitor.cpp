@@ -30,7 +30,7 @@ void ReadBody(CArchiveReader& reader, CTrackPoint& point, int nSchema)
     point.m_position = reader.ReadPosition();
     point.m_time = reader.ReadDateText();
     reader.ReadByte();
-    point.m_nInvalidFlags = static_cast<std::uint16_t>(reader.ReadDword());
+    point.m_nInvalidFlags = static_cast<std::uint8_t>(reader.ReadDword());
     point.m_nAltitude = reader.ReadInt();
     point.m_dHDOP = nSchema >= 7 ? reader.ReadDouble() : static_cast<double>(reader.ReadInt());
     point.m_dDeltaTime = RoundTo(reader.ReadDouble(), 3) * DaysPerSecond;

@@ -54,7 +54,7 @@ void CTrackPoint::ClearDerived()
     m_nSeriesIndex = 0;
 }
 
-std::string InvalidLetters(std::uint16_t nFlags)
+std::string InvalidLetters(std::uint8_t nFlags)
 {
     static constexpr std::array<std::pair<std::uint16_t, char>, 7> letters = {{
         {InvalidFlag::DopplerSpike, 'D'},

@@ -12,21 +12,21 @@ namespace kestrabel {
 
 /// Why a fix is invalid; bits of `CTrackPoint::m_nInvalidFlags`.
 namespace InvalidFlag {
-inline constexpr std::uint16_t User = 0x01;       ///< P: the user marked the point; survives a recalculation
-inline constexpr std::uint16_t SpeedSpike = 0x02; ///< S: the speed breaks a threshold
-inline constexpr std::uint16_t DopplerSpike = 0x04; ///< D: the Doppler speed breaks a threshold
-inline constexpr std::uint16_t NoPosition = 0x08;   ///< L: latitude or longitude 0, or no distance
-inline constexpr std::uint16_t Hdop = 0x10;         ///< H: HDOP above the event's maximum
-inline constexpr std::uint16_t Satellites = 0x20;   ///< A: fewer satellites than the event's minimum
-inline constexpr std::uint16_t Time = 0x40;         ///< T: step below 1 ms, or a year before 2000
+inline constexpr std::uint8_t User = 0x01;         ///< P: the user marked the point; survives a recalculation
+inline constexpr std::uint8_t SpeedSpike = 0x02;   ///< S: the speed breaks a threshold
+inline constexpr std::uint8_t DopplerSpike = 0x04; ///< D: the Doppler speed breaks a threshold
+inline constexpr std::uint8_t NoPosition = 0x08;   ///< L: latitude or longitude 0, or no distance
+inline constexpr std::uint8_t Hdop = 0x10;         ///< H: HDOP above the event's maximum
+inline constexpr std::uint8_t Satellites = 0x20;   ///< A: fewer satellites than the event's minimum
+inline constexpr std::uint8_t Time = 0x40;         ///< T: step below 1 ms, or a year before 2000
 } // namespace InvalidFlag
 
 /// Which flags make a fix invalid for a purpose.
 namespace InvalidMask {
-inline constexpr std::uint16_t Trackpoint = 0x7b; ///< calculations from position-derived speed (all but D)
-inline constexpr std::uint16_t Doppler = 0x75;    ///< calculations from Doppler speed (P, D, H, A, T)
-inline constexpr std::uint16_t Fix = 0x79;        ///< box, altitudes, "Delete Invalid" (P, L, H, A, T)
-inline constexpr std::uint16_t Any = 0x7f;
+inline constexpr std::uint8_t Trackpoint = 0x7b; ///< calculations from position-derived speed (all but D)
+inline constexpr std::uint8_t Doppler = 0x75;    ///< calculations from Doppler speed (P, D, H, A, T)
+inline constexpr std::uint8_t Fix = 0x79;        ///< box, altitudes, "Delete Invalid" (P, L, H, A, T)
+inline constexpr std::uint8_t Any = 0x7f;
 } // namespace InvalidMask
 
 /// One GPS fix and what was derived from it. All values are zero after construction. Readers fill what the
@@ -46,7 +46,7 @@ public:
     static void operator delete(void* pPoint, std::size_t nSize) noexcept;
 
     /// True when none of the flags of the mask is set.
-    bool IsValidFor(std::uint16_t nMask) const { return (m_nInvalidFlags & nMask) == 0; }
+    bool IsValidFor(std::uint8_t nMask) const { return (m_nInvalidFlags & nMask) == 0; }
     bool HasPosition() const { return m_position.m_dLatitude != 0.0 && m_position.m_dLongitude != 0.0; }
 
     /// The stored time step from the previous fix in seconds, rounded to milliseconds.
@@ -56,8 +56,8 @@ public:
     void ClearDerived();
 
     [[no_unique_address]] DATE m_time; ///< UTC as read from the file
-    std::uint8_t m_nSeriesIndex = 0;   ///< derived: index of the file within its competitor, in one byte
-    std::uint16_t m_nInvalidFlags = 0; ///< InvalidFlag bits; derived but for InvalidFlag::User
+    std::uint8_t m_nInvalidFlags = 0;  ///< InvalidFlag bits; derived but for InvalidFlag::User
+    std::uint16_t m_nSeriesIndex = 0;  ///< derived: index of the file within its competitor
     std::int32_t m_nRun = 0;           ///< derived: run by position-derived speed
     std::int32_t m_nDopplerRun = 0;    ///< derived: run by Doppler speed
     std::int32_t m_nTrack = 0;         ///< derived: index in the file, from 0
@@ -86,7 +86,7 @@ public:
 };
 
 /// The set flags as letters, in the order D, S, T, P, L, A, H; empty for a valid point.
-std::string InvalidLetters(std::uint16_t nFlags);
+std::string InvalidLetters(std::uint8_t nFlags);
 
 /// True when `point` starts a new stretch of the track: its stored time step, or the real time since its
 /// predecessor, reaches the threshold (seconds). The stored step of a fresh gap point stays 0, so the stored
