@@ -225,7 +225,8 @@ SArguments ReadArguments(const SCommandRow& row, const SRawArguments& raw)
                    ReadSetting);
     std::transform(raw.checkpoints.begin(), raw.checkpoints.end(), std::back_inserter(arguments.checkpoints),
                    ReadCheckPoint);
-    if (raw.project.size() > 1)
+    // An empty name, as of a script's variable that is not set, must not stand for a new project.
+    if (raw.project.size() > 1 || (!raw.project.empty() && raw.project.back().empty()))
         RefuseCommandLine(row, "--project: expected one file");
     if (!raw.project.empty())
         arguments.strProject = raw.project.back();

@@ -78,10 +78,10 @@ EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutp
     if (nPoints == 0)
         return report.Status();
 
-    if (strExtension != ".sbp" && strExtension != ".bin" && HasFractions(series))
-        messages.About(strOutput, "times are written to the whole second");
     CImportMonitor writeMonitor(&report.Prompt());
     if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points)) {
+        if (strExtension != ".sbp" && strExtension != ".bin" && HasFractions(series))
+            messages.About(strOutput, "times are written to the whole second");
         for (const SImportIssue& issue : writeMonitor.Issues())
             messages.About(strOutput, issue.strReason); // what the format could not keep
         return report.Status();

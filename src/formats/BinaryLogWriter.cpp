@@ -37,13 +37,6 @@ std::string MakeHeader(CImportMonitor& monitor, const CSeries& series)
     return header;
 }
 
-void NotePoints(CImportMonitor& monitor, int nPoints, std::string_view strWhat)
-{
-    if (nPoints > 0)
-        monitor.NoteIssue(
-            0, std::to_string(nPoints).append(nPoints == 1 ? " point " : " points ").append(strWhat));
-}
-
 void WriteRecords(CImportMonitor& monitor, CFile& file, const CObjectArray<CTrackPoint>& points)
 {
     int nTimesLost = 0;

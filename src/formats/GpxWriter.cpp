@@ -112,6 +112,11 @@ void WriteTrack(CLineFile& file, std::string_view strName, const CObjectArray<CT
     file.WriteLine("</trk>");
 }
 
+bool HasNoTime(const CTrackPoint* pPoint)
+{
+    return !pPoint->m_time.IsValid();
+}
+
 /// Opens, lets `writeBody` write, closes; reports what fails.
 template <class TWriteBody>
 bool WriteDocument(CImportMonitor& monitor, std::string_view strPath, TWriteBody&& writeBody)
@@ -141,10 +146,14 @@ bool WriteGpx(CImportMonitor& monitor, std::string_view strPath, const CObjectAr
 {
     const auto asked = points.begin() + std::min(points.GetCount(), PointsAskedForDoppler);
     const bool bWithDoppler = std::any_of(points.begin(), asked, HasDoppler);
-    return WriteDocument(monitor, strPath, [&](CLineFile& file) {
+    const bool bWritten = WriteDocument(monitor, strPath, [&](CLineFile& file) {
         WriteHeader(file, ":00Z");
         WriteTrack(file, FileTitle(strPath), points, bWithDoppler, TimeToSecond);
     });
+    if (bWritten)
+        NotePoints(monitor, std::count_if(points.begin(), points.end(), HasNoTime),
+                   "without a valid time, written without one");
+    return bWritten;
 }
 
 bool WriteEventGpx(CImportMonitor& monitor, const CEvent& event, int nPerson, int nSeries,

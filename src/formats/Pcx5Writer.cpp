@@ -6,7 +6,10 @@
 #include "model/DateText.h"
 #include "model/NumberText.h"
 
+#include <algorithm>
 #include <array>
+#include <functional>
+#include <optional>
 #include <string>
 
 namespace kestrabel {
@@ -54,6 +57,15 @@ std::string TimeOfDayText(const SCalendar& calendar)
     return strText;
 }
 
+/// The years that the readers of this format take two digits for.
+bool IsYearTold(const CTrackPoint* pPoint)
+{
+    constexpr int nFirst = 1950;
+    constexpr int nLast = 2049;
+    const std::optional<SCalendar> calendar = pPoint->m_time.ToCalendarSecond();
+    return calendar && calendar->nYear >= nFirst && calendar->nYear <= nLast;
+}
+
 std::string PointLine(const CTrackPoint& point)
 {
     constexpr SCalendar noDay = {.nMonth = 1};
@@ -81,6 +93,8 @@ bool WritePcx5(CImportMonitor& monitor, std::string_view strPath, const CObjectA
         for (const CTrackPoint* pPoint : points)
             file.WriteLine(PointLine(*pPoint));
         file.Commit();
+        NotePoints(monitor, std::count_if(points.begin(), points.end(), std::not_fn(IsYearTold)),
+                   "with a time that is not from 1950 to 2049, of whose year two digits are written");
     } catch (const CFileException& exception) {
         monitor.NoteIssue(0, exception.what());
         monitor.Report(StringTableText(EText::WriteFailure), false);

@@ -61,4 +61,11 @@ void ReportOpenFailure(CImportMonitor& monitor, std::string_view strPath, std::s
     ReportFormat(monitor, EText::OpenFailure, {strPath, strCause});
 }
 
+void NotePoints(CImportMonitor& monitor, std::ptrdiff_t nPoints, std::string_view strWhat)
+{
+    if (nPoints > 0)
+        monitor.NoteIssue(
+            0, std::to_string(nPoints).append(nPoints == 1 ? " point " : " points ").append(strWhat));
+}
+
 } // namespace kestrabel

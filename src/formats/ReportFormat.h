@@ -3,6 +3,7 @@
 #include "formats/ImportMonitor.h"
 #include "formats/StringTable.h"
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -31,5 +32,8 @@ bool ReportFormat(CImportMonitor& monitor, EText format, std::initializer_list<C
 
 /// The report of a file that could not be opened: aborts the monitor and reports the name and the cause text.
 void ReportOpenFailure(CImportMonitor& monitor, std::string_view strPath, std::string_view strCause);
+
+/// Notes what a format cannot keep of so many points: "3 points " and the text; nothing for none.
+void NotePoints(CImportMonitor& monitor, std::ptrdiff_t nPoints, std::string_view strWhat);
 
 } // namespace kestrabel

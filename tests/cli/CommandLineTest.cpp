@@ -66,6 +66,7 @@ TEST(CommandLine, AWrongOneEndsWithStatus2AndWhatWasExpected)
         {"project new rsp --force", "rsp: a project's name ends in .rsp"},
         {"results --project a.rsp", "a track file is expected"},
         {"results a.gpx --project a.rsp --project b.rsp", "--project: expected one file"},
+        {"results a.gpx --project ''", "--project: expected one file"},
         {"info a.gpx --checkpoint A,1,2", "usage: kestrabel-cli info"},
         {"results a.gpx --checkpoint A,1", "expected NAME,LAT,LON[,METRES] with 0 to 1000 metres"},
         {"results a.gpx --checkpoint ,1,2", "expected NAME,LAT,LON[,METRES]"},

@@ -75,6 +75,29 @@ TEST(StandardOutput, AFailingOneIsToldAndAReaderThatLeavesDoesNotKillTheTool)
     EXPECT_EQ(test::CTemporaryFolder::Read(tool.m_folder.Path("err")), "standard output: Broken pipe\n1\n");
 }
 
+TEST(StandardOutput, ALimitOfTheFileSizeIsToldAsAFullDiskAndLeavesNothingBehind)
+{
+    const test::CToolTest tool;
+    tool.m_folder.Write("a.nmea", test::SteadyNmea(300, 0.002));
+    const std::pair<const char*, const char*> cases[] = {
+        {"convert a.nmea old.gpx", "old.gpx: Failed to write file (old.gpx: The disk is full)\n1\n"},
+        {"project new old.rsp --force", "old.rsp: The disk is full\n1\n"},
+        {"points a.nmea >old.csv", "standard output: File too large\n1\n"},
+    };
+    tool.m_folder.Write("old.gpx", "old");
+    tool.m_folder.Write("old.rsp", "old");
+    for (const auto& [pCommand, pExpected] : cases) {
+        const std::string strRun =
+            std::string("(ulimit -f 1; " KESTRABEL_CLI " ").append(pCommand).append(") 2>err; echo $? >>err");
+        ASSERT_EQ(std::system(("cd '" + tool.m_folder.Path("") + "' && " + strRun).c_str()), 0);
+        EXPECT_EQ(test::CTemporaryFolder::Read(tool.m_folder.Path("err")), pExpected);
+    }
+    for (const char* pOld : {"old.gpx", "old.rsp"})
+        EXPECT_EQ(test::CTemporaryFolder::Read(tool.m_folder.Path(pOld)), "old");
+    using CEntries = std::filesystem::directory_iterator;
+    EXPECT_EQ(std::distance(CEntries(tool.m_folder.Path("")), CEntries()), 5) << "no new file is left";
+}
+
 TEST(Locale, ADecimalCommaChangesNothing)
 {
     const test::CToolTest tool;

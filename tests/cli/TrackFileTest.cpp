@@ -69,6 +69,29 @@ TEST(ConvertCommand, WritesAFileThatReadsBackOrLeavesTheOldOne)
     }
 }
 
+TEST(ConvertCommand, WhatIsNotKeptOfTheTimesIsToldOfAFileThatWasWritten)
+{
+    const test::CToolTest tool;
+    const auto writeTrack = [&](const char* pName, std::initializer_list<const char*> times) {
+        std::string strPoints;
+        for (const char* pTime : times)
+            strPoints.append(R"(<trkpt lat="50" lon="-1"><time>)").append(pTime).append("Z</time></trkpt>");
+        tool.m_folder.Write(pName, "<gpx><trk><trkseg>" + strPoints + "</trkseg></trk></gpx>");
+    };
+    writeTrack("in.gpx", {"2050-01-01T00:00:00", "2049-12-31T23:59:59", "2100-02-29T00:00:00"});
+    writeTrack("half.gpx", {"2024-06-01T10:00:00.5", "2024-06-01T10:00:02"});
+    const std::array<const char*, 3> cases[] = {
+        {"in.gpx", "out.gpx", "out.gpx: 1 point without a valid time, written without one\n"},
+        {"in.gpx", "out.trk",
+         "out.trk: 2 points with a time that is not from 1950 to 2049, of whose year two digits are "
+         "written\n"},
+        {"half.gpx", "half.trk", "half.trk: times are written to the whole second\n"},
+        {"half.gpx", "gone/half.trk", "gone/half.trk: All or part of the path is invalid\n"},
+    };
+    for (const auto& [pInput, pOutput, pMessage] : cases)
+        EXPECT_EQ(tool.Run({"convert", pInput, pOutput}).strErr, pMessage);
+}
+
 TEST(ConvertCommand, EveryReadableFormatToEveryWritableOne)
 {
     const test::CToolTest tool;

@@ -68,7 +68,9 @@ TEST(Pcx5Writer, LinesAndTheirPointsAgain)
     CObjectArray<CTrackPoint> read;
     ASSERT_EQ(ReadPcx5(monitor, strPath, read), EReadEnd::Complete);
     EXPECT_EQ(PointTexts(read), readBack);
-    EXPECT_EQ(monitor.IssueCount(), 0);
+    ASSERT_EQ(monitor.IssueCount(), 1);
+    EXPECT_TRUE(
+        monitor.Issues()[0].strReason.starts_with("2 points with a time that is not from 1950 to 2049"));
 }
 
 TEST(Pcx5Writer, NoPointsGiveTheHead)
