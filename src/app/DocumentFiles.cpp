@@ -1,32 +1,28 @@
 #include "app/Document.h"
+#include "app/FailureText.h"
 #include "app/NewProject.h"
 #include "app/ProjectSave.h"
 #include "app/SaveQuestion.h"
 #include "app/TrackFileImport.h"
 #include "engine/TrackPointDerivation.h"
+#include "formats/TrackFormat.h"
 #include "model/ProjectFile.h"
 #include "platform/Path.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace kestrabel {
 
 namespace {
 
-/// What saving a track file under a name of that extension meets; empty: nothing stands against it.
-std::string_view Refusal(std::string_view strExtension)
+/// What saving a track file under that path meets; empty: nothing stands against it. Track marks can be
+/// exported, but what was saved so could not be opened again.
+std::string_view Refusal(std::string_view strPath)
 {
-    constexpr std::array<std::string_view, 4> Writable = {".gpx", ".trk", ".bin", ".sbp"};
-    if (std::ranges::find(Writable, strExtension) != Writable.end())
-        return {};
-    if (strExtension == ".nmea" || strExtension == ".txt")
-        return "Cannot save to NMEA format. Please select a different format";
-    if (strExtension == ".sbn")
-        return "Cannot save to SIRF binary format. Please select a different format";
-    return "Unknown file extension. Please use a standard gpx or trk extension to determine the format to "
-           "save";
+    const std::string strExtension = ToLower(FileExtension(strPath));
+    const bool bTrackMarks = strExtension == ".gtr" || strExtension == ".gd" || strExtension == ".gdm";
+    return bTrackMarks ? UnknownExtensionRefusal : SaveRefusal(strPath);
 }
 
 } // namespace
@@ -44,8 +40,12 @@ bool CKestroDoc::OpenProject(std::string_view strPath)
     std::string strStoredPath; // where it was saved, perhaps on another machine
     try {
         LoadProject(strPath, m_event, strStoredPath);
-    } catch (const std::exception& failure) {
+    } catch (const CFileException& failure) {
         m_surroundings.desktop.ShowMessage(failure.what());
+        return false;
+    } catch (const CArchiveException& failure) {
+        m_surroundings.desktop.ShowMessage(std::string(strPath) +
+                                           ": not a project, or a damaged one: " + failure.what());
         return false;
     }
     m_history.Clear();
@@ -73,7 +73,10 @@ bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
     for (const std::string& strPath : paths) {
         CImportMonitor monitor(&m_surroundings.desktop);
         EImportEnd end = EImportEnd::Complete;
-        AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress);
+        if (AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress) != nullptr)
+            continue;
+        if (const std::string strText = EmptyImportText(monitor, strPath, end); !strText.empty())
+            m_surroundings.desktop.ShowMessage(strText);
     }
     const int nFiles = person.m_series.GetCount();
     if (nFiles == 0) {
@@ -111,7 +114,7 @@ bool CKestroDoc::SaveProject(std::string_view strPath)
 
 bool CKestroDoc::SaveCurrentTrackFile(std::string_view strPath)
 {
-    const std::string_view strRefusal = Refusal(ToLower(FileExtension(strPath)));
+    const std::string_view strRefusal = Refusal(strPath);
     CSeries* pSeries = m_selection.GetCurrentSeries();
     if (pSeries == nullptr || !strRefusal.empty()) {
         m_surroundings.desktop.ShowMessage(pSeries == nullptr ? "There is no trackfile to save" : strRefusal);

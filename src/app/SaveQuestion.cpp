@@ -1,15 +1,24 @@
 #include "app/SaveQuestion.h"
 
 #include "app/Document.h"
+#include "app/FailureText.h"
 #include "formats/TrackFileDispatcher.h"
+#include "formats/TrackFormat.h"
 
 namespace kestrabel {
 
 bool SaveSeries(CKestroDoc& document, CSeries& series)
 {
-    CImportMonitor monitor(&document.m_surroundings.desktop);
-    if (!SaveTrackFile(monitor, series))
+    CDesktop& desktop = document.m_surroundings.desktop;
+    if (const std::string_view strRefusal = SaveRefusal(series.m_strFileName); !strRefusal.empty()) {
+        desktop.ShowMessage(strRefusal);
         return false;
+    }
+    CImportMonitor monitor;
+    if (!SaveTrackFile(monitor, series)) {
+        desktop.ShowMessage(FailureText(monitor, series.m_strFileName));
+        return false;
+    }
     series.m_bModified = 0;
     document.m_history.NoteSaved(&series);
     return true;

@@ -1,6 +1,7 @@
 #include "app/TrackFileCommands.h"
 
 #include "app/Document.h"
+#include "app/FailureText.h"
 #include "app/FileFilters.h"
 #include "app/TrackFileImport.h"
 #include "engine/TrackPointDerivation.h"
@@ -107,6 +108,8 @@ bool ImportSeries(CKestroDoc& document, CPerson& person, std::string_view strPat
         std::error_code ignored;
         if (pMoveTo != nullptr)
             fs::remove(strFile, ignored);
+        if (const std::string strText = EmptyImportText(monitor, strFile, end); !strText.empty())
+            desktop.ShowMessage(strText);
         return true;
     }
     if (nReplaced != -1)
@@ -231,10 +234,12 @@ void ReloadSeries(CKestroDoc& document, int nSeries)
     LetGo(document);
     CObjectArray<CTrackPoint> before = std::exchange(series.m_points, CObjectArray<CTrackPoint>());
     CImportMonitor monitor(&document.m_surroundings.desktop);
-    if (LoadTrackFile(monitor, series, series.m_strFileName) && !series.m_points.IsEmpty())
+    if (LoadTrackFile(monitor, series, series.m_strFileName) && !series.m_points.IsEmpty()) {
         series.m_bModified = 0;
-    else
+    } else {
         series.m_points = std::move(before);
+        document.m_surroundings.desktop.ShowMessage(FailureText(monitor, series.m_strFileName));
+    }
     RecalculateTrackPoints(document.m_event, person, series, document.m_surroundings.progress);
     document.ShowNewTree();
     document.m_selection.SelectSeries(nSeries, true, true);

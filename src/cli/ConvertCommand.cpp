@@ -12,22 +12,6 @@ namespace kestrabel {
 
 namespace {
 
-constexpr std::string_view NmeaRefused = "Cannot save to NMEA format. Please select a different format";
-constexpr std::string_view SirfRefused =
-    "Cannot save to SIRF binary format. Please select a different format";
-constexpr std::string_view UnknownRefused = "Unknown file extension. Please use a standard gpx or trk "
-                                            "extension to determine the format to save";
-
-/// Why no file with that extension (lower case, dot included) can be written; empty when one can.
-std::string_view RefusalOf(std::string_view strExtension, const STrackFormat* pFormat)
-{
-    if (strExtension == ".nmea" || strExtension == ".txt")
-        return NmeaRefused;
-    if (strExtension == ".sbn")
-        return SirfRefused;
-    return pFormat == nullptr || pFormat->pWrite == nullptr ? UnknownRefused : std::string_view();
-}
-
 bool HasFractions(const CSeries& series)
 {
     return std::any_of(series.m_points.begin(), series.m_points.end(), [](const CTrackPoint* pPoint) {
@@ -53,11 +37,7 @@ std::string WriteFailure(const CImportMonitor& monitor, CTerminalPrompt& prompt)
 EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutput, CImportReport& report,
                              CMessages& messages)
 {
-    // The extension alone: a folder called "my.gpx" decides nothing.
-    const std::string strExtension = ToLower(FileExtension(strOutput));
-    const STrackFormat* pFormat = FormatForSave(strExtension, EGpxTest::ExtensionAnywhere);
-    const std::string_view strRefusal = RefusalOf(strExtension, pFormat);
-    if (!strRefusal.empty()) {
+    if (const std::string_view strRefusal = SaveRefusal(strOutput); !strRefusal.empty()) {
         messages.About(strOutput, strRefusal);
         return EExitStatus::Failed;
     }
@@ -78,6 +58,8 @@ EExitStatus ConvertTrackFile(std::string_view strInput, std::string_view strOutp
     if (nPoints == 0)
         return report.Status();
 
+    const std::string strExtension = ToLower(FileExtension(strOutput));
+    const STrackFormat* pFormat = FormatForSave(strExtension, EGpxTest::ExtensionAnywhere);
     CImportMonitor writeMonitor(&report.Prompt());
     if (pFormat->pWrite(writeMonitor, strOutput, series, series.m_points)) {
         if (strExtension != ".sbp" && strExtension != ".bin" && HasFractions(series))

@@ -262,6 +262,10 @@ bool CalculateTrackPoints(const CEvent& event, const CPerson& person, CSeries& s
 
     const CObjectArray<CTrackPoint>& points = series.m_points;
     const int nCount = points.GetCount();
+    if (nCount == 1) { // nothing to derive, but it stands in merged lists
+        points[0].m_nSeriesIndex = static_cast<std::uint16_t>(series.m_nSeriesIndex);
+        points[0].m_nTrack = 0;
+    }
     if (nCount < 2)
         return false;
     series.m_bHasDoppler =

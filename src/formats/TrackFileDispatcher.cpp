@@ -81,11 +81,12 @@ int ImportTrackFile(CImportMonitor& monitor, CSeries& series, EImportEnd& end)
 
 bool LoadTrackFile(CImportMonitor& monitor, CSeries& series, std::string_view strPath)
 {
-    series.m_strFileName = StoredFileName(strPath);
-    const STrackFormat* pFormat = FormatForReload(strPath);
+    const std::string strFile(strPath); // which may be the very name that is set here
+    series.m_strFileName = StoredFileName(strFile);
+    const STrackFormat* pFormat = FormatForReload(strFile);
     if (pFormat == nullptr || pFormat->pRead == nullptr)
         return false;
-    return Read(monitor, *pFormat, strPath, series) == EReadEnd::Complete;
+    return Read(monitor, *pFormat, strFile, series) == EReadEnd::Complete;
 }
 
 bool SaveTrackFile(CImportMonitor& monitor, const CSeries& series)

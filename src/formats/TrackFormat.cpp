@@ -144,4 +144,17 @@ const STrackFormat* FormatForSave(std::string_view strFileName, EGpxTest gpxTest
     return pFormat != nullptr ? pFormat : Find(false);
 }
 
+std::string_view SaveRefusal(std::string_view strPath)
+{
+    const std::string strExtension = ToLower(FileExtension(strPath));
+    if (strExtension == ".nmea" || strExtension == ".txt")
+        return "Cannot save to NMEA format. Please select a different format";
+    if (strExtension == ".sbn")
+        return "Cannot save to SIRF binary format. Please select a different format";
+    const STrackFormat* pFormat = FormatForSave(strExtension, EGpxTest::ExtensionAnywhere);
+    if (pFormat == nullptr || pFormat->pWrite == nullptr)
+        return UnknownExtensionRefusal;
+    return {};
+}
+
 } // namespace kestrabel

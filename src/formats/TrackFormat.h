@@ -52,4 +52,11 @@ enum class EGpxTest
 /// ".nmea" and ".sbn" have none. Null when there is none.
 const STrackFormat* FormatForSave(std::string_view strFileName, EGpxTest gpxTest);
 
+inline constexpr std::string_view UnknownExtensionRefusal =
+    "Unknown file extension. Please use a standard gpx or trk extension to determine the format to save";
+
+/// Why no track file can be saved under a name with that extension, to tell the user before anything is
+/// tried; empty when one can. The case does not matter; folders of the path decide nothing.
+std::string_view SaveRefusal(std::string_view strPath);
+
 } // namespace kestrabel
