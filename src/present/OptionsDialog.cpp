@@ -4,6 +4,7 @@
 #include "model/EventSettings.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace kestrabel {
 
@@ -21,6 +22,15 @@ std::int32_t IndexOfUnit(std::string_view strUnit)
     return found == SOptionsDialog::Units.end()
                ? SpeedUnit::MetresPerSecond
                : static_cast<std::int32_t>(found - SOptionsDialog::Units.begin());
+}
+
+/// Takes an entry over. One that differs from what the event holds by no more than the noise of its
+/// conversion, such as 50 knots from 92.6 km/h, is no change.
+void Settle(double& dSetting, double dEntered)
+{
+    constexpr double dNoise = 1e-12;
+    if (!(std::abs(dEntered - dSetting) <= dNoise * std::abs(dSetting)))
+        dSetting = dEntered;
 }
 
 bool SameSettings(const CEvent& one, const CEvent& other)
@@ -105,15 +115,15 @@ void SOptionsDialog::ApplyTo(CEvent& event) const
     event.m_nDistancePrecision = distancePrecision.Whole();
     event.m_nLatLongPrecision = latLongPrecision.Whole();
     event.m_nTimeThreshold = timeThreshold.Whole();
-    event.m_dSpeedThreshold = speedThreshold.Entered(unit);
-    event.m_dAccThreshold = accThreshold.Entered(unit);
-    event.m_dStopRunSpeed = stopRunSpeed.Entered(unit);
+    Settle(event.m_dSpeedThreshold, speedThreshold.Entered(unit));
+    Settle(event.m_dAccThreshold, accThreshold.Entered(unit));
+    Settle(event.m_dStopRunSpeed, stopRunSpeed.Entered(unit));
     event.m_dMaxHDOP = maxHdop.Value();
     event.m_nMinSats = minSats.Whole();
-    event.m_dDeccThreshold = deccThreshold.Entered(unit);
-    event.m_dStopRunAngle = stopRunAngle.Value() * DegreesToRadians;
-    event.m_dDopplerError = dopplerError.Entered(unit);
-    event.m_dTrackpointError = trackpointError.Value() * MetresToKilometres;
+    Settle(event.m_dDeccThreshold, deccThreshold.Entered(unit));
+    Settle(event.m_dStopRunAngle, stopRunAngle.Value() * DegreesToRadians);
+    Settle(event.m_dDopplerError, dopplerError.Entered(unit));
+    Settle(event.m_dTrackpointError, trackpointError.Value() * MetresToKilometres);
     event.m_bCaptureFocus = captureFocus.bChecked;
     if (bPropertiesShown)
         properties.ApplyTo(event);
