@@ -1,5 +1,3 @@
-#include "present/AboutDialog.h"
-
 #include "model/SpeedUnits.h"
 #include "present/SelectDivisionDialog.h"
 #include "present/SelectedPropertiesDialog.h"
@@ -25,36 +23,24 @@ TEST(EditDivisionDialog, WhatEachKindOpensAndChecks)
 {
     CDivision division; // with "One result per run"
     division.m_bUseAltitude = 1;
-    const struct
-    {
-        std::uint8_t nKind;
-        const char* pOpen;    ///< Metres Seconds Proximity Altitude aCcumulation Result Waypoints
-        const char* pChecked; ///< Altitude aCcumulation Result
-    } cases[] = {{1, "M--ACR-", "A-R"}, {2, "-S-ACR-", "A-R"}, {3, "M-P----", "-C-"}, {4, "--PA--W", "AC-"},
-                 {5, "M--A---", "AC-"}, {6, "-------", "-C-"}, {0, "M--ACR-", "A-R"}, {9, "M--ACR-", "A-R"}};
-    for (const auto& c : cases) {
+    // Open: Metres Seconds Proximity Altitude aCcumulation Result Waypoints; checked: Altitude aCcumulation
+    // Result.
+    const std::pair<int, std::string> cases[] = {{1, "M--ACR- A-R"}, {2, "-S-ACR- A-R"}, {3, "M-P---- -C-"},
+                                                 {4, "--PA--W AC-"}, {5, "M--A--- AC-"}, {6, "------- -C-"},
+                                                 {0, "M--ACR- A-R"}, {9, "M--ACR- A-R"}};
+    for (const auto& [nKind, strExpected] : cases) {
         SEditDivisionDialog d = SEditDivisionDialog::From(CEvent(), division);
-        d.SetKind(c.nKind);
-        const auto text = [](std::initializer_list<std::pair<bool, char>> flags) {
-            std::string strText;
-            for (const auto& [bSet, cFlag] : flags)
-                strText += bSet ? cFlag : '-';
-            return strText;
-        };
-        EXPECT_EQ(text({{d.metres.bEnabled, 'M'},
-                        {d.seconds.bEnabled, 'S'},
-                        {d.proximity.bEnabled, 'P'},
-                        {d.useAltitude.bEnabled, 'A'},
-                        {d.accumulation.bEnabled, 'C'},
-                        {d.oneResultPerRun.bEnabled, 'R'},
-                        {d.bWayPointsEnabled, 'W'}}),
-                  c.pOpen)
-            << int{c.nKind};
-        EXPECT_EQ(text({{d.useAltitude.bChecked, 'A'},
-                        {d.accumulation.bChecked, 'C'},
-                        {d.oneResultPerRun.bChecked, 'R'}}),
-                  c.pChecked)
-            << int{c.nKind};
+        d.SetKind(static_cast<std::uint8_t>(nKind));
+        const bool flags[] = {d.metres.bEnabled,         d.seconds.bEnabled,
+                              d.proximity.bEnabled,      d.useAltitude.bEnabled,
+                              d.accumulation.bEnabled,   d.oneResultPerRun.bEnabled,
+                              d.bWayPointsEnabled,       false,
+                              d.useAltitude.bChecked,    d.accumulation.bChecked,
+                              d.oneResultPerRun.bChecked};
+        std::string strText = "MSPACRW ACR";
+        for (std::size_t i = 0; i < strText.size(); ++i)
+            strText[i] = flags[i] || strText[i] == ' ' ? strText[i] : '-';
+        EXPECT_EQ(strText, strExpected) << nKind;
     }
 }
 
@@ -114,13 +100,12 @@ TEST(SelectWayPointDialog, MarksStayWithTheirWayPoint)
     SEditDivisionDialog edited = SEditDivisionDialog::From(CEvent(), division);
     SSelectWayPointDialog dialog = SSelectWayPointDialog::From(edited);
     dialog.Toggle(2);
-    dialog.Toggle(1);
+    dialog.nSelected = 1;
     dialog.Delete();
     EXPECT_EQ(dialog.nSelected, 1);
     EXPECT_EQ(dialog.checked, (std::vector{false, true}));
-    dialog.Delete();
-    dialog.Delete();
-    dialog.Delete();
+    for (int i = 0; i < 3; ++i)
+        dialog.Delete();
     EXPECT_FALSE(dialog.HasSelection());
     EXPECT_EQ(edited.wayPoints.GetCount(), 3) << "before OK";
     dialog.Add(std::make_unique<CWayPoint>());
@@ -183,11 +168,6 @@ TEST(TrackFilePropertiesDialog, StatisticsInTheirOwnDecimals)
     const STrackFilePropertiesDialog dialog = STrackFilePropertiesDialog::From(event, series);
     EXPECT_EQ(Texts(dialog.statistics), (CTexts{"1", "1.67", "10", "6.21", "", "-2", "1.2", "11"}));
     EXPECT_EQ(Texts(dialog.gpsInformation).back(), "5");
-}
-
-TEST(AboutDialog, Version)
-{
-    EXPECT_EQ(SAboutDialog::From("Build 7").strVersion, "Kestrabel Build 7");
 }
 
 } // namespace
