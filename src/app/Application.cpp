@@ -4,6 +4,7 @@
 #include "app/RecentFiles.h"
 #include "platform/IniText.h"
 #include "platform/Path.h"
+#include "present/AboutDialog.h"
 
 #include <filesystem>
 #include <system_error>
@@ -82,6 +83,12 @@ bool CApplication::OnClose()
         return false;
     m_document.m_surroundings.settings.Write("Files", "LastDocument", m_document.PathName());
     return true;
+}
+
+void CApplication::OnAppAbout()
+{
+    SAboutDialog dialog = SAboutDialog::From(VersionText());
+    m_document.m_surroundings.desktop.Run(dialog);
 }
 
 std::string CApplication::VersionText() const

@@ -28,6 +28,9 @@ public:
     /// Asks what is to be saved and keeps the last document. False: the window stays.
     bool OnClose();
 
+    /// The command "About".
+    void OnAppAbout();
+
     /// "Version 1.917", or what "version.txt" in the program folder says.
     std::string VersionText() const;
 

@@ -181,13 +181,14 @@ void RemovePerson(CKestroDoc& document, int nPerson, bool bDeleteFromDisk)
 
 void DeleteCompetitor(CKestroDoc& document, int nPerson)
 {
+    if (nPerson < 0 || nPerson >= document.m_event.m_persons.GetCount())
+        return;
     bool bDeleteFromDisk = false;
     if (!document.m_surroundings.desktop.AskYesNo(
             "This action will remove this competitors results from all divisions and remove this competitor "
             "from the current project.\n\nAre you sure you wish to continue?",
             "Also delete downloaded and imported series files associated with this competitor (these are "
-            "stored "
-            "in Kestrabel data folders)",
+            "stored in Kestrabel data folders)",
             bDeleteFromDisk))
         return;
     RemovePerson(document, nPerson, bDeleteFromDisk);

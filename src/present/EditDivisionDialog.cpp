@@ -74,7 +74,7 @@ SEditDivisionDialog SEditDivisionDialog::From(const CEvent& event, const CDivisi
     dialog.metres.Set(division.m_dMetres);
     dialog.seconds.Set(division.m_nSeconds);
     const double dMetres = division.m_dProximity * KilometresToMetres;
-    dialog.proximity.Set(dMetres == 0.0 ? ShownForNoProximity : dMetres);
+    dialog.proximity.SetConverted(dMetres == 0.0 ? ShownForNoProximity : dMetres);
     dialog.averageRuns.Set(division.m_nAverageRuns);
     dialog.useAltitude.bChecked = division.m_bUseAltitude != 0;
     dialog.accumulation.bChecked = division.m_bAccumulation != 0;
@@ -83,6 +83,7 @@ SEditDivisionDialog SEditDivisionDialog::From(const CEvent& event, const CDivisi
     dialog.bAddToAllCompetitors = division.m_strName.empty();
     dialog.nCalcUsing = division.m_nCalcUsing;
     dialog.wayPoints = CopyOf(division.m_waypoints);
+    dialog.wayPointsChecked.resize(static_cast<std::size_t>(division.m_waypoints.GetCount()));
     for (const CDivision* pOther : event.m_divisions) {
         if (pOther != &division)
             dialog.otherNames.push_back(pOther->m_strName);
@@ -93,7 +94,8 @@ SEditDivisionDialog SEditDivisionDialog::From(const CEvent& event, const CDivisi
 
 void SEditDivisionDialog::SetKind(std::uint8_t nNewKind)
 {
-    nKind = std::clamp(nNewKind, DivisionKind::Distance, DivisionKind::CheckPoints);
+    // A number that is no kind is judged as a distance.
+    nKind = nNewKind >= 1 && nNewKind <= KindRules.size() ? nNewKind : DivisionKind::Distance;
     const SKindRule& rule = KindRules[nKind - 1U];
     metres.bEnabled = rule.bMetres;
     seconds.bEnabled = rule.bSeconds;

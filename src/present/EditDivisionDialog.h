@@ -9,14 +9,6 @@
 
 namespace kestrabel {
 
-/// A check mark that may be out of reach.
-struct SCheckField
-{
-    std::string_view strLabel;
-    bool bChecked = false;
-    bool bEnabled = true;
-};
-
 /// Copies of waypoints, in order.
 CObjectArray<CWayPoint> CopyOf(const CObjectArray<CWayPoint>& wayPoints);
 /// A copy of a division with its waypoints.
@@ -30,6 +22,12 @@ struct SEditDivisionDialog
                                                                    "Lap Racing", "Splits", "CheckPoints"};
     static constexpr std::array<std::string_view, 3> CalcUsingLabels = {"Trackpoints", "Doppler",
                                                                         "Doppler if Available"};
+    static constexpr std::string_view NameLabel = "Division Name:";
+    static constexpr std::string_view KindGroup = "Calculation of Results";
+    static constexpr std::string_view RunsLabel = "runs"; ///< behind their number
+    static constexpr std::string_view CalcUsingGroup = "Calc using:";
+    static constexpr std::string_view AddToAllLabel = "Add to all competitors";
+    static constexpr std::string_view AddWayPointsLabel = "Add Waypoints...";
 
     static SEditDivisionDialog From(const CEvent& event, const CDivision& division);
     /// Takes the values over into a division. They are valid.
@@ -55,6 +53,7 @@ struct SEditDivisionDialog
     std::uint8_t nCalcUsing = CalcUsing::Trackpoints;
     bool bWayPointsEnabled = false;
     CObjectArray<CWayPoint> wayPoints;   ///< the dialog's copy, for "Add Waypoints..."
+    std::vector<bool> wayPointsChecked;  ///< in that dialog; means nothing beyond
     std::vector<std::string> otherNames; ///< of the event's other divisions
 };
 

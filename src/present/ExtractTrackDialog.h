@@ -22,7 +22,9 @@ struct SExtractTrackDialog
     static constexpr std::array<std::string_view, 4> ModeLabels = {
         "Track Point:", "Time:", "By Day:", "By Minimum Speed"};
     static constexpr std::array<std::string_view, 3> Units = {"knots", "kmh", "ms"};
-    static constexpr std::size_t MaxNameLength = 40;
+    static constexpr std::string_view ModeGroup = "Extract Track By:";
+    static constexpr std::string_view NameLabel = "&Track Name:";
+    static constexpr std::size_t MaxNameLength = 40; ///< of what is typed; the name proposed may be longer
 
     static SExtractTrackDialog From(const CSeries& series);
     /// Another row was chosen; only its fields are enabled.

@@ -9,7 +9,7 @@ SWayPointDialog SWayPointDialog::From(const CWayPoint& wayPoint, bool bCheckPoin
     dialog.strName = wayPoint.m_strName;
     dialog.latitude.Set(wayPoint.m_position.m_dLatitude);
     dialog.longitude.Set(wayPoint.m_position.m_dLongitude);
-    dialog.proximity.Set(wayPoint.m_dProximity * 1000.0);
+    dialog.proximity.SetConverted(wayPoint.m_dProximity * 1000.0);
     return dialog;
 }
 

@@ -8,6 +8,8 @@ namespace kestrabel {
 /// "Way Point Dialog", or "Check Point Dialog" for a checkpoint of a track file.
 struct SWayPointDialog
 {
+    static constexpr std::string_view NameLabel = "Name:";
+
     static SWayPointDialog From(const CWayPoint& wayPoint, bool bCheckPoint);
     void ApplyTo(CWayPoint& wayPoint) const;
     std::optional<SFieldProblem> Validate() const

@@ -201,7 +201,7 @@ TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
     EXPECT_EQ(Person().m_series.GetCount(), 2);
     EXPECT_EQ(Series(0).m_points.GetCount(), 50);
 
-    desktop.Message("gone.gpx: The file could not be located");
+    desktop.Message("gone.gpx: failed to load XML document (The file could not be located)");
     EXPECT_FALSE(application.OpenFiles({folder.Path("gone.gpx")}));
     EXPECT_EQ(Person().m_series.GetCount(), 2) << "what was open stays open";
 
