@@ -13,25 +13,17 @@ namespace {
 
 using CEnds = std::pair<const CTrackPoint*, const CTrackPoint*>;
 
-CEnds EndsIn(CViewSelection& selection, int nSeries, int nFirst, int nLast)
+/// The ends of the picked run, with which the calculator begins; null for nothing.
+CEnds PickedEnds(CViewSelection& selection)
 {
-    const CObjectArray<CTrackPoint>& points = selection.GetSeriesPoints(nSeries);
+    if (selection.m_nRunSeries == -1)
+        return {};
+    const CObjectArray<CTrackPoint>& points = selection.GetSeriesPoints(selection.m_nRunSeries);
+    const int nFirst = selection.m_nRunStart;
+    const int nLast = selection.m_nRunEnd;
     if (nFirst < 0 || nFirst >= nLast || nLast >= points.GetCount())
         return {};
     return {points.At(nFirst), points.At(nLast)};
-}
-
-/// What the calculator begins with; null for nothing.
-CEnds PickedEnds(CViewSelection& selection)
-{
-    if (selection.m_nRunSeries != -1) {
-        const CEnds run =
-            EndsIn(selection, selection.m_nRunSeries, selection.m_nRunStart, selection.m_nRunEnd);
-        if (run.first != nullptr)
-            return run;
-    }
-    const auto nFocus = static_cast<int>(selection.m_dFocusPoint);
-    return EndsIn(selection, selection.m_nFocusSeries, nFocus - 1, nFocus);
 }
 
 } // namespace
