@@ -123,12 +123,12 @@ std::string BackupName(std::string_view strPath)
     return strFolder + std::string(strHead) + "_BAK" + std::string(strName.substr(strHead.size()));
 }
 
-void ViewInNotepad(CKestroDoc& document, int nSeries)
+void ViewInNotepad(CKestroDoc& document, int nPerson, int nSeries)
 {
-    const CPerson* pPerson = document.m_selection.GetCurrentPerson();
-    if (pPerson == nullptr)
+    const CObjectArray<CPerson>& persons = document.m_event.m_persons;
+    if (nPerson < 0 || nPerson >= persons.GetCount())
         return;
-    const CObjectArray<CSeries>& files = pPerson->m_series;
+    const CObjectArray<CSeries>& files = persons[nPerson].m_series;
     if (nSeries == -1 && files.GetCount() == 1)
         nSeries = 0;
     if (nSeries < 0 || nSeries >= files.GetCount())

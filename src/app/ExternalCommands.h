@@ -30,8 +30,8 @@ void RunExternalCommand(CKestroDoc& document, std::string_view strCommandLine, s
 /// or in front when it has fewer.
 std::string BackupName(std::string_view strPath);
 
-/// Opens a track file of the selected competitor (-1: the only one) in a text editor. Says nothing when there
-/// is no such file or no editor.
-void ViewInNotepad(CKestroDoc& document, int nSeries);
+/// Opens a track file of a competitor (-1: the only one) in a text editor. Says nothing when there is no such
+/// file or no editor.
+void ViewInNotepad(CKestroDoc& document, int nPerson, int nSeries);
 
 } // namespace kestrabel

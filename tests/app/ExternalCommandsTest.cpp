@@ -260,15 +260,15 @@ TEST(ExternalCommands, TheEditorShowsTheSelectedOrTheOnlyFile)
     const std::string strTwo = world.WriteTrack("two.nmea", 5);
     world.Open(strOne);
     CKestroDoc& document = world.realDocument;
-    ViewInNotepad(document, 1);
+    ViewInNotepad(document, 0, 1);
     EXPECT_EQ(document.m_selection.m_nNodeKind, NodeKind::TrackFiles) << "there is no such file";
-    ViewInNotepad(document, -1);
+    ViewInNotepad(document, 0, -1);
     EXPECT_EQ(world.Said(), strOne + "\n") << "the named editor is not here, the user's is";
     EXPECT_EQ(document.m_selection.m_nNodeKind, NodeKind::Notepad);
     world.real.OpenFiles({strOne, strTwo});
-    ViewInNotepad(document, 1);
+    ViewInNotepad(document, 0, 1);
     EXPECT_EQ(world.Said(), strTwo + "\n");
-    ViewInNotepad(document, -1);
+    ViewInNotepad(document, 0, -1);
     EXPECT_FALSE(fs::exists(world.folder.Path("said"))) << "which of the two?";
 }
 
