@@ -231,7 +231,8 @@ void ReloadSeries(CKestroDoc& document, int nSeries)
     LetGo(document);
     CObjectArray<CTrackPoint> before = std::exchange(series.m_points, CObjectArray<CTrackPoint>());
     CImportMonitor monitor(&document.m_surroundings.desktop);
-    if (LoadTrackFile(monitor, series, series.m_strFileName) && !series.m_points.IsEmpty())
+    const std::string strPath = series.m_strFileName; // the loading gives the series a new one
+    if (LoadTrackFile(monitor, series, strPath) && !series.m_points.IsEmpty())
         series.m_bModified = 0;
     else
         series.m_points = std::move(before);
