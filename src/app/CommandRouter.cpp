@@ -82,6 +82,8 @@ SCommandState CCommandRouter::State(ECommand command, const SCommandPlace& place
     switch (command) {
     case ECommand::Undo: return {.bEnabled = !m_document.m_history.UndoName().empty()};
     case ECommand::Redo: return {.bEnabled = !m_document.m_history.RedoName().empty()};
+    case ECommand::NewNode: return {.bEnabled = place.node.nKind == NodeKind::Divisions};
+    case ECommand::EditNode: return {.bEnabled = place.node.nKind == NodeKind::Division};
     case ECommand::RecentFiles:
         return {.bEnabled = !CRecentFiles(m_document.m_surroundings.settings).Paths().empty()};
     default: break;

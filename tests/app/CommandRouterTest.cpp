@@ -220,7 +220,8 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     world.Do(ECommand::ViewInNotepad, first);
     EXPECT_EQ(world.processes.m_started.at(1), world.Series(0).m_strFileName);
     world.Do(ECommand::CloseTrackFile, OnNode(NodeKind::TrackFile, 7)); // gone: asks nothing
-    EXPECT_FALSE(world.router.CarryOut(ECommand::ZoomIn, second));
+    for (const ECommand command : {ECommand::ZoomIn, ECommand::NewNode, ECommand::EditNode})
+        EXPECT_FALSE(world.router.CarryOut(command, second)) << "nothing for a track file";
 }
 
 TEST(CommandRouter, CommandsOnPointsActOnSelectedRowsOrTheFocus)

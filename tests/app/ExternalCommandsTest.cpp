@@ -7,8 +7,11 @@
 #include "present/CommandDialog.h"
 
 #include <chrono>
+#include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <thread>
+#include <unistd.h>
 
 namespace kestrabel::test {
 namespace {
@@ -194,6 +197,23 @@ TEST(ExternalCommands, WhatFailsIsTold)
     }
     fs::current_path(before);
     EXPECT_EQ(world.realDocument.m_event.m_persons[0].m_series.GetCount(), 1);
+}
+
+TEST(ExternalCommands, ProgramsInheritNeitherFilesNorSignals)
+{
+    SRealWorld world;
+    const std::string strState = world.AddScript(
+        "state", "{ [ -e /proc/$$/fd/57 ] && echo leaked; kill -PIPE $$; echo ignored; } > \"$1\"\n");
+    const int nOpen = ::fcntl(0, F_DUPFD, 57);
+    ASSERT_EQ(nOpen, 57);
+    const auto before = std::signal(SIGPIPE, SIG_IGN);
+    const std::string arguments[] = {strState, world.folder.Path("state of it")};
+    EXPECT_EQ(world.starter.Start(arguments), EStart::Started);
+    EXPECT_TRUE(world.starter.WaitUntilReady());
+    std::signal(SIGPIPE, before);
+    ::close(nOpen);
+    EXPECT_TRUE(fs::exists(arguments[1]));
+    EXPECT_EQ(CTemporaryFolder::Read(arguments[1]), "");
 }
 
 TEST(ExternalCommands, WaitingEndsWithTheProgramOrTheUser)
