@@ -17,6 +17,8 @@ struct SSurroundings
     CSettingsStore& settings;
     CProcessStarter& processes;
     std::string strProgramFolder; ///< ends in a separator; "Default.rsp" and the data folder lie there
+    /// Command line of the text editor that the user prefers ($VISUAL); empty: the desktop's own choice.
+    std::string strTextEditor = {};
 };
 
 } // namespace kestrabel
