@@ -150,7 +150,7 @@ inline std::unique_ptr<CSeries> MakeRandomTrack(CRandom& random, const CEvent& e
             detail::MakeStale(random, point);
         point.m_time = DATE(45444.0 + dSecond / 86400.0);
         if (random.Chance(faults.dTime * 0.05))
-            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(36525.0);
+            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(random.OneOf({36525.5, 36526.0}));
         point.m_position = position;
         if (random.Chance(faults.dSpike))
             point.m_position.m_dLatitude += random.Between(-0.0005, 0.0005);
