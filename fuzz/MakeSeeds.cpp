@@ -83,8 +83,8 @@ void WriteProjects(const fs::path& folder)
     }
     SaveProject((folder / "every-kind").string(), event, "e.rsp");
     for (int nVersion = 3; nVersion <= 10; ++nVersion) {
-        std::map<std::string, double> values;
-        Write(folder / ("version-" + std::to_string(nVersion)), test::EventOf(nVersion, values));
+        CEvent stored(DATE(1.0));
+        Write(folder / ("version-" + std::to_string(nVersion)), test::EventOf(nVersion, stored));
     }
     test::CArchiveBytes longName;
     Write(folder / "class-name-64",

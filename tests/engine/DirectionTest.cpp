@@ -10,23 +10,16 @@ namespace {
 
 TEST(Direction, PointsAlongTheFlatEarthCourse)
 {
-    struct SCase
-    {
-        CPosition from;
-        CPosition to;
-        double dExpected; ///< degrees
-    };
-    for (const SCase& c : std::initializer_list<SCase>{
-             {MakePosition(-38, 146), MakePosition(-38, 146), 270}, // identical
-             {MakePosition(-38, 146), MakePosition(-38, 146.001), 90},
-             {MakePosition(-38, 146), MakePosition(-37.999, 146), 0},
-             {MakePosition(-38, 146), MakePosition(-38.001, 146), 180},
-             {MakePosition(60, 10), MakePosition(60.001, 10.002), 45}, // a degree east is half as long
-             {MakePosition(-60, 10), MakePosition(-60.001, 10.002), 135},
-             {MakePosition(-60, 10), MakePosition(-60.001, 9.998), 225},
-             {MakePosition(0, 10), MakePosition(0.001, 9.999), 315},
-             {MakePosition(60, 0), MakePosition(0, 120), 135}}) // by the latitude of the start
-        EXPECT_NEAR(DirectionBetween(c.from, c.to), c.dExpected * DegreesToRadians, 1e-9) << c.dExpected;
+    for (const auto& [dStart, dNorth, dEast, dExpected] :
+         std::initializer_list<std::array<double, 4>>{{-38, 0, 0, 270}, // identical
+                                                      {-38, 0, 1, 90},
+                                                      {-38, -1, 0, 180},
+                                                      {60, 1, 2, 45}, // a degree east is half as long
+                                                      {-60, -1, -2, 225},
+                                                      {60, -60, 120, 135}}) // by the latitude of the start
+        EXPECT_NEAR(DirectionBetween(MakePosition(dStart, 0), MakePosition(dStart + dNorth, dEast)),
+                    dExpected * DegreesToRadians, 1e-9)
+            << dExpected;
 }
 
 TEST(Direction, OfTwoAnglesTheSmallerCounts)

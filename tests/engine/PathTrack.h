@@ -13,12 +13,7 @@ namespace kestrabel::test {
 class CPathTrack
 {
 public:
-    explicit CPathTrack(std::uint8_t nKind) : division(AddDivision(event, "Course", nKind))
-    {
-        series.m_rcBounds = CGeoRect::Empty();
-        series.m_nSeriesIndex = 2;
-        series.m_nPersonIndex = 5;
-    }
+    CPathTrack() { Start(0, 0); }
 
     static CPosition At(double dEast, double dNorth)
     {
@@ -27,25 +22,34 @@ public:
                             146.0 + dEast / (dMetresPerDegree * std::sqrt(0.5)));
     }
 
+    /// Begins again, with a first fix there.
+    CPathTrack& Start(double dEast, double dNorth)
+    {
+        series.m_points.RemoveAll();
+        series.m_rcBounds = CGeoRect::Empty();
+        m_nRun = 0;
+        return Go(dEast, dNorth);
+    }
+
     /// The next fix is there, so many seconds after the one before.
     CPathTrack& Go(double dEast, double dNorth, double dSeconds = 1.0)
     {
         const CTrackPoint* pPrevious = series.m_points.Last();
-        m_dSecond += pPrevious == nullptr ? 0.0 : dSeconds;
-        const CPosition position = At(dEast, dNorth);
-        CTrackPoint& point =
-            series.m_points.Add(MakePoint(m_dSecond, position.m_dLatitude, position.m_dLongitude));
+        m_dSecond = pPrevious == nullptr ? 0.0 : m_dSecond + dSeconds;
+        const CPosition at = At(dEast, dNorth);
+        CTrackPoint& point = series.m_points.Add(MakePoint(m_dSecond, at.m_dLatitude, at.m_dLongitude));
         point.m_nTrack = series.m_points.GetCount() - 1;
         point.m_nRun = point.m_nDopplerRun = m_nRun;
-        point.m_nSats = 8;
         if (pPrevious != nullptr) {
             point.m_dDeltaTime = dSeconds < event.m_nTimeThreshold ? dSeconds * DaysPerSecond : 0.0;
             point.m_dDistance = std::hypot(dEast - m_dEast, dNorth - m_dNorth) * 0.001;
+            point.m_dDopplerStep = point.m_dDistance;
             point.m_dSpeed = point.m_dDoppler = point.m_dDistance * 3600.0 / dSeconds;
             point.m_dTotalDistance = pPrevious->m_dTotalDistance + point.m_dDistance;
             point.m_dTotalDopplerDistance = point.m_dTotalDistance;
+            point.m_dSumStepSquares = pPrevious->m_dSumStepSquares + dSeconds * dSeconds;
         }
-        series.m_rcBounds.Extend(position);
+        series.m_rcBounds.Extend(at);
         m_dEast = dEast;
         m_dNorth = dNorth;
         return *this;
@@ -60,6 +64,14 @@ public:
         return *this;
     }
 
+    /// Goes north for some steps at that speed, metres per second.
+    CPathTrack& Ride(int nSteps, double dSpeed, double dSeconds = 1.0)
+    {
+        for (int i = 0; i < nSteps; ++i)
+            Go(m_dEast, m_dNorth + dSpeed * dSeconds, dSeconds);
+        return *this;
+    }
+
     /// The points from now on belong to the next run.
     CPathTrack& NextRun()
     {
@@ -70,20 +82,10 @@ public:
     CTrackPoint& Point(int nIndex) { return series.m_points[nIndex]; }
     int Last() const { return series.m_points.GetCount() - 1; }
 
-    CWayPoint& AddGate(CObjectArray<CWayPoint>& gates, std::string_view strName, double dEast, double dNorth,
-                       double dMetres)
-    {
-        CWayPoint& gate = gates.Add(std::make_unique<CWayPoint>());
-        gate.m_strName = strName;
-        gate.m_position = At(dEast, dNorth);
-        gate.m_dProximity = dMetres * 0.001;
-        return gate;
-    }
-
     CEvent event{DATE(45444.0)};
     CPerson& person = AddPerson(event, "Ann");
     CSeries& series = AddSeries(person, "Morning");
-    CDivision& division;
+    CDivision& division = AddDivision(event, "Course");
 
 private:
     int m_nRun = 0;
@@ -91,16 +93,5 @@ private:
     double m_dEast = 0.0;
     double m_dNorth = 0.0;
 };
-
-/// "start-end" of every result, as they stand in the list.
-template <class TResults>
-std::string Stretches(const TResults& results)
-{
-    std::string strFound;
-    for (const CResult* pResult : results)
-        strFound += (strFound.empty() ? "" : " ") + std::to_string(pResult->m_nStartIndex) + "-" +
-                    std::to_string(pResult->m_nEndIndex);
-    return strFound;
-}
 
 } // namespace kestrabel::test

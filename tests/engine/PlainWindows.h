@@ -1,11 +1,8 @@
 #pragma once
 
-#include "engine/PlainDerivation.h"
-#include "engine/ResultBuilder.h"
+#include "engine/PlainSearch.h"
 
 #include <cmath>
-#include <limits>
-#include <utility>
 #include <vector>
 
 // The search for the best windows in its plainest form: every candidate is measured in full when it is found
@@ -114,42 +111,18 @@ inline SPlainWindow MakePlainWindow(const CDivision& division, bool bDoppler)
     return window;
 }
 
-inline bool PlainUsesDoppler(const CDivision& division, const CSeries& series)
+inline CResult MakePlainCandidate(const SPlainSearch& search, const SPlainWindow& window, int i, int j)
 {
-    return division.m_nCalcUsing == 1 || (division.m_nCalcUsing == 2 && series.m_bHasDoppler != 0);
-}
-
-inline int PlainRun(const CTrackPoint& point, bool bDoppler)
-{
-    return bDoppler ? point.m_nDopplerRun : point.m_nRun;
-}
-
-inline CResult MakePlainCandidate(const CEvent& event, const CPerson& person, const CSeries& series,
-                                  const CDivision& division, const SPlainWindow& window, int i, int j)
-{
-    const bool bDoppler = PlainUsesDoppler(division, series);
-    // Names, positions and times are copied alike for every kind of division.
-    CResult result = *MakeResult(person, series, division, CSpeedSource(division, series), i, j);
+    CResult result = search.Stretch(i, j, i + 1, search.bDoppler);
     result.m_dSeconds = window.dTime * 86400.0;
     result.m_dDistance = window.dDistance;
     result.m_dSpeed = window.Speed();
-    result.m_dMinSpeed = std::numeric_limits<double>::max();
-    result.m_nSatsMin = 100;
-    double dDirections = 0.0;
-    for (int k = i + 1; k <= j; ++k) {
-        const CTrackPoint& point = series.m_points[k];
-        const double dSpeed = bDoppler ? point.m_dDoppler : point.m_dSpeed;
-        dDirections += point.m_dDirection;
-        result.m_dMinSpeed = std::min(result.m_dMinSpeed, dSpeed);
-        result.m_dMaxSpeed = std::max(result.m_dMaxSpeed, dSpeed);
-        result.m_dHDOPMax = std::max(result.m_dHDOPMax, point.m_dHDOP);
-        result.m_nSatsMin = std::min(result.m_nSatsMin, point.m_nSats);
-    }
-    result.m_dDirection = dDirections / (j - i);
-    result.m_dWindAngle = WindAngle(result.m_dDirection, series.m_dWindDirection);
-    result.m_nRun = PlainRun(series.m_points[i], bDoppler);
-    const double e = series.m_dDopplerError != 0.0 ? series.m_dDopplerError : event.m_dDopplerError;
-    if (bDoppler && e > 0.0) {
+    for (int k = i + 1; k <= j; ++k)
+        result.m_dDirection += search.points[k].m_dDirection;
+    result.m_dDirection /= j - i;
+    result.m_dWindAngle = WindAngle(result.m_dDirection, search.series.m_dWindDirection);
+    const double e = search.DopplerError();
+    if (search.bDoppler && e > 0.0) {
         result.m_dDopplerError =
             e * std::sqrt(window.dSquares - window.dLastSquare * 0.5) / (window.dTime * 86400.0);
         result.m_dClaimed = result.m_dSpeed - 2.0 * result.m_dDopplerError;
@@ -157,27 +130,11 @@ inline CResult MakePlainCandidate(const CEvent& event, const CPerson& person, co
     return result;
 }
 
-/// The order of results: by speed, a number above none, then by start.
-inline std::pair<double, double> PlainOrder(const CResult& result)
+inline std::vector<CResult> PlainCandidates(const SPlainSearch& search)
 {
-    const double dNone = -std::numeric_limits<double>::infinity();
-    return {std::isnan(result.m_dSpeed) ? dNone : result.m_dSpeed, result.m_timeStart.m_dDays};
-}
-
-/// Inserts behind all that do not stand after the result.
-inline void PlainInsert(std::vector<CResult>& results, const CResult& result)
-{
-    const auto StandsAfter = [&](const CResult& other) { return PlainOrder(result) < PlainOrder(other); };
-    results.insert(std::find_if(results.begin(), results.end(), StandsAfter), result);
-}
-
-inline std::vector<CResult> PlainCandidates(const CEvent& event, const CPerson& person, const CSeries& series,
-                                            const CDivision& division)
-{
-    const bool bDoppler = PlainUsesDoppler(division, series);
-    const CPoints& points = series.m_points;
+    const CPoints& points = search.points;
     const int n = points.GetCount();
-    SPlainWindow window = MakePlainWindow(division, bDoppler);
+    SPlainWindow window = MakePlainWindow(search.division, search.bDoppler);
     std::vector<CResult> candidates;
     for (int i = 0, j = 1, nNext = 1; i < n - 1; i = nNext) {
         nNext = i + 1;
@@ -185,20 +142,18 @@ inline std::vector<CResult> PlainCandidates(const CEvent& event, const CPerson& 
             continue;
         j = window.NeedsRescan() ? i + 1 : std::max(j, i + 1);
         for (; j < n; ++j) {
-            const CTrackPoint& c = points[j];
-            const bool bOtherRun = PlainRun(c, bDoppler) != PlainRun(points[i], bDoppler);
-            const bool bStopped = (bDoppler ? c.m_dDoppler : c.m_dSpeed) < event.m_dStopRunSpeed;
-            if (division.m_bOneResultPerRun != 0 && (bStopped || bOtherRun)) {
+            const bool bStopped = search.Speed(j) < search.event.m_dStopRunSpeed;
+            if (search.division.m_bOneResultPerRun != 0 && (bStopped || search.Run(j) != search.Run(i))) {
                 nNext = j + 1;
                 break;
             }
-            if (!window.Add(c)) {
+            if (!window.Add(points[j])) {
                 nNext = j + 2;
                 ++j;
                 break;
             }
             if (window.Reached()) {
-                PlainInsert(candidates, MakePlainCandidate(event, person, series, division, window, i, j));
+                PlainInsert(candidates, MakePlainCandidate(search, window, i, j));
                 break;
             }
         }
@@ -207,14 +162,13 @@ inline std::vector<CResult> PlainCandidates(const CEvent& event, const CPerson& 
     return candidates;
 }
 
-inline std::vector<CResult> PlainWindowResults(const CEvent& event, const CPerson& person,
-                                               const CSeries& series, const CDivision& division)
+inline std::vector<CResult> PlainWindowResults(const SPlainSearch& search)
 {
     std::vector<CResult> selected;
-    const std::vector<CResult> candidates = PlainCandidates(event, person, series, division);
+    const std::vector<CResult> candidates = PlainCandidates(search);
     for (auto it = candidates.rbegin(); it != candidates.rend(); ++it) {
         const auto Excludes = [&](const CResult& other) {
-            return (division.m_bOneResultPerRun != 0 && other.m_nRun == it->m_nRun) ||
+            return (search.division.m_bOneResultPerRun != 0 && other.m_nRun == it->m_nRun) ||
                    (other.m_timeEnd.m_dDays > it->m_timeStart.m_dDays &&
                     other.m_timeStart.m_dDays < it->m_timeEnd.m_dDays);
         };
@@ -223,53 +177,10 @@ inline std::vector<CResult> PlainWindowResults(const CEvent& event, const CPerso
         CResult result = *it;
         result.m_nRank = static_cast<int>(selected.size()) + 1;
         PlainInsert(selected, result);
-        if (result.m_nRank >= event.m_nShowTopRows && result.m_nRank >= division.m_nAverageRuns)
+        if (result.m_nRank >= search.event.m_nShowTopRows && result.m_nRank >= search.division.m_nAverageRuns)
             break;
     }
     return selected;
-}
-
-/// What a division that averages N runs makes of the results of one track file.
-inline std::vector<CResult> PlainCombined(const std::vector<CResult>& results, int N)
-{
-    if (N <= 1 || results.empty())
-        return results;
-    using C = SResultValues;
-    CResult combined = results.back();
-    double dSquares = combined.m_dDopplerError * combined.m_dDopplerError;
-    double dPosition = combined.m_dPosError * combined.m_dPosError;
-    int nTaken = 1;
-    for (auto it = results.rbegin() + 1; it != results.rend() && nTaken < N; ++it, ++nTaken) {
-        if (std::isnan(it->m_dSpeed))
-            break; // nothing to average
-        if (it->m_timeStart.m_dDays < combined.m_timeStart.m_dDays) {
-            combined.m_timeStart = it->m_timeStart;
-            combined.m_posStart = it->m_posStart;
-        }
-        if (it->m_timeEnd.m_dDays > combined.m_timeEnd.m_dDays) {
-            combined.m_timeEnd = it->m_timeEnd;
-            combined.m_posEnd = it->m_posEnd;
-        }
-        for (const auto pSum : {&C::m_dDistance, &C::m_dDirection, &C::m_dWindAngle, &C::m_dSpeed,
-                                &C::m_dAltitude, &C::m_dSeconds, &C::m_dAltChange})
-            combined.*pSum += (*it).*pSum;
-        combined.m_dMinSpeed = std::min(combined.m_dMinSpeed, it->m_dMinSpeed);
-        combined.m_dMaxSpeed = std::max(combined.m_dMaxSpeed, it->m_dMaxSpeed);
-        combined.m_dHDOPMax = std::max(combined.m_dHDOPMax, it->m_dHDOPMax);
-        combined.m_nSatsMin = std::min(combined.m_nSatsMin, it->m_nSatsMin);
-        combined.m_nStartIndex = std::min(combined.m_nStartIndex, it->m_nStartIndex);
-        combined.m_nEndIndex = std::max(combined.m_nEndIndex, it->m_nEndIndex);
-        dSquares += it->m_dDopplerError * it->m_dDopplerError;
-        dPosition += it->m_dPosError * it->m_dPosError;
-    }
-    for (const auto pMean :
-         {&C::m_dDistance, &C::m_dDirection, &C::m_dWindAngle, &C::m_dSpeed, &C::m_dAltitude})
-        combined.*pMean /= N;
-    combined.m_dPosError = std::sqrt(dPosition) / N;
-    combined.m_dDopplerError = std::sqrt(dSquares) / N;
-    if (combined.m_dDopplerError > 0.0001)
-        combined.m_dClaimed = combined.m_dSpeed - 2.0 * combined.m_dDopplerError;
-    return {combined};
 }
 
 } // namespace kestrabel::test

@@ -1,13 +1,16 @@
 #pragma once
 
-#include "model/Event.h"
+#include "engine/TestEvent.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
+#include <gtest/gtest.h>
 #include <initializer_list>
 #include <memory>
 #include <random>
+#include <string>
 
 // Tracks as no logger should write them and every season brings: stops, turns, spikes, gaps of exactly the
 // threshold, equal and backward times, lost positions, poor reception. The same seed gives the same track.
@@ -147,7 +150,7 @@ inline std::unique_ptr<CSeries> MakeRandomTrack(CRandom& random, const CEvent& e
             detail::MakeStale(random, point);
         point.m_time = DATE(45444.0 + dSecond / 86400.0);
         if (random.Chance(faults.dTime * 0.05))
-            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(36525.0);
+            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(random.OneOf({36525.5, 36526.0}));
         point.m_position = position;
         if (random.Chance(faults.dSpike))
             point.m_position.m_dLatitude += random.Between(-0.0005, 0.0005);
@@ -186,6 +189,57 @@ inline std::unique_ptr<CSeries> CopyTrack(const CSeries& series)
     for (const CTrackPoint* pPoint : series.m_points)
         pCopy->m_points.Add(std::make_unique<CTrackPoint>(*pPoint));
     return pCopy;
+}
+
+struct STrackCase
+{
+    const char* strName;
+    int nTracks;
+    int nFewest; ///< points
+    int nMost;
+    STrackFaults faults;
+};
+
+inline constexpr std::array<STrackCase, 5> TrackCases = {{
+    {"clean", 6, 200, 600, {.dTime = 0, .dPosition = 0, .dUserMark = 0, .dSpike = 0, .dReception = 0}},
+    {"ordinary", 12, 200, 800, {}},
+    {"terrible", 5, 150, 300, {.dTime = 0.05, .dPosition = 0.02, .dUserMark = 0.05, .dSpike = 0.05}},
+    {"derived before", 5, 100, 300, {.dTime = 0.04, .bStale = true}},
+    {"tiny", 40, 2, 12, {.dTime = 0.06, .dPosition = 0.03, .dUserMark = 0.05, .dSpike = 0.05}},
+}};
+
+/// An event with one competitor and one random track file.
+struct SRandomEvent
+{
+    SRandomEvent(const STrackCase& trackCase, std::uint64_t nSeed) : event(DATE(45444.0)), random(nSeed)
+    {
+        SetRandomSettings(random, event);
+        pPerson = &AddPerson(event, "Rider");
+        const int nSpan = trackCase.nMost - trackCase.nFewest + 1;
+        pSeries = &pPerson->m_series.Add(
+            MakeRandomTrack(random, event, trackCase.nFewest + random.Below(nSpan), trackCase.faults));
+        pSeries->m_strName = "Track";
+    }
+
+    CEvent event;
+    CRandom random;
+    CPerson* pPerson = nullptr;
+    CSeries* pSeries = nullptr;
+};
+
+/// Calls `check(trackCase, seed)` for every track of the table.
+template <class TCheck>
+void ForEachTrack(TCheck&& check)
+{
+    std::uint64_t nSeed = 1000;
+    for (const STrackCase& trackCase : TrackCases) {
+        for (int i = 0; i < trackCase.nTracks; ++i, ++nSeed) {
+            SCOPED_TRACE(std::string(trackCase.strName) + " track, seed " + std::to_string(nSeed));
+            check(trackCase, nSeed);
+            if (testing::Test::HasFatalFailure())
+                return;
+        }
+    }
 }
 
 } // namespace kestrabel::test

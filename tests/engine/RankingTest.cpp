@@ -2,7 +2,6 @@
 
 #include "engine/RandomTrack.h"
 #include "engine/TakenTimes.h"
-#include "engine/TestEvent.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -73,7 +72,6 @@ TEST_F(Ranking, TwoLoggersOnOneBoardGiveOneResult)
     AddFound(m_annTwo, "500 m", 20, 320, 340);   // touches the 30
     EXPECT_EQ(OfCompetitor(m_ann), "4 Ann 20, 3 Ann 30, 2 Ann 40, 1 Ann 51");
     EXPECT_EQ(OfCompetitor(m_ann, 0), "3 Ann 30, 2 Ann 40, 1 Ann 50");
-    EXPECT_EQ(OfCompetitor(m_ann, 1), "3 Ann 20, 2 Ann 39, 1 Ann 51");
 }
 
 TEST_F(Ranking, AsManyAreTakenAsRowsOrAveragedRuns)

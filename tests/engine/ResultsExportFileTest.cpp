@@ -22,15 +22,6 @@ protected:
         AddFound(m_benOne, "10 sec", 72, 0, 10);
     }
 
-    /// The file that the line-wise export must come to.
-    template <class TWrite>
-    std::string FileOf(TWrite&& write)
-    {
-        std::string strFile;
-        write([&](std::string_view strLine) { strFile.append(strLine).append("\r\n"); });
-        return strFile;
-    }
-
     using CExport = std::string (*)(const CEvent&, std::string_view, CProgressDisplay&);
     struct SExport
     {
@@ -38,63 +29,50 @@ protected:
         const char* pFailure;
     };
     static constexpr SExport Exports[] = {
-        {[](const CEvent& event, std::string_view strPath, CProgressDisplay& progress) {
-             return ExportCompetitorResults(event, -1, -1, strPath, progress);
+        {[](auto& event, auto path, auto& progress) {
+             return ExportCompetitorResults(event, -1, -1, path, progress);
          },
          "Failed to write file"},
-        {[](const CEvent& event, std::string_view strPath, CProgressDisplay& progress) {
-             return ExportDivisionResults(event, -1, strPath, progress);
+        {[](auto& event, auto path, auto& progress) {
+             return ExportDivisionResults(event, -1, path, progress);
          },
          "Failed to write to result file"},
-        {[](const CEvent& event, std::string_view strPath, CProgressDisplay& progress) {
-             return ExportAllDivisions(event, -1, -1, strPath, progress);
+        {[](auto& event, auto path, auto& progress) {
+             return ExportAllDivisions(event, -1, -1, path, progress);
          },
          "Failed to write to result file"},
     };
 
     CTemporaryFolder m_folder;
     CEvent m_event{DATE(45444.0)};
-    CPerson& m_ann = AddPerson(m_event, "Ann");
-    CSeries& m_annOne = AddSeries(m_ann, "a1");
-    CPerson& m_ben = AddPerson(m_event, "Ben");
-    CSeries& m_benOne = AddSeries(m_ben, "b1");
+    CSeries& m_annOne = AddSeries(AddPerson(m_event, "Ann"), "a1");
+    CSeries& m_benOne = AddSeries(AddPerson(m_event, "Ben"), "b1");
     CProgressRecord m_progress;
 };
 
 TEST_F(ResultsExportFile, TheFileHasTheLinesOfTheSelection)
 {
-    const std::vector<const CDivision*> all(m_event.m_divisions.begin(), m_event.m_divisions.end());
     const std::string strPath = m_folder.Path("results.csv");
-    const auto expectFile = [&](const std::string& strMessage, const std::string& strExpected) {
-        EXPECT_EQ(strMessage, "");
-        EXPECT_EQ(CTemporaryFolder::Read(strPath), strExpected);
+    const auto Times = [](int nSeconds, const char* pSpeed) {
+        return "00:00:00.000, 00:00:" + std::to_string(nSeconds) + "0.000, 0, 0, " + pSpeed + ", 0\r\n";
     };
-    for (const int nPerson : {-1, 1}) {
-        expectFile(ExportCompetitorResults(m_event, nPerson, nPerson == 1 ? 0 : -1, strPath, m_progress),
-                   FileOf([&](const CLineSink& sink) {
-                       WriteCompetitorResults(m_event, nPerson, nPerson == 1 ? 0 : -1, all, sink, m_progress);
-                   }));
-        const int nSeries = nPerson == 1 ? 0 : -1;
-        expectFile(ExportAllDivisions(m_event, nPerson, nSeries, strPath, m_progress),
-                   FileOf([&](const CLineSink& sink) {
-                       WriteAllDivisions(m_event, nPerson, nSeries, sink, m_progress);
-                   }));
-    }
-    for (const int nDivision : {-1, 0, 1}) {
-        const std::vector<const CDivision*> chosen =
-            nDivision == -1 ? all : std::vector<const CDivision*>{m_event.m_divisions.At(nDivision)};
-        expectFile(
-            ExportDivisionResults(m_event, nDivision, strPath, m_progress),
-            FileOf([&](const CLineSink& sink) { WriteDivisionResults(m_event, chosen, sink, m_progress); }));
-    }
-    // One of the files in full, so that not everything rests on the other half.
-    EXPECT_EQ(
-        CTemporaryFolder::Read(strPath),
-        "Competitor, Division, WayPoint, Series, \"Start Time\", \"End Time\", Seconds, \"Distance (m)\", "
-        "Speed(knots), Claimed(knots)\r\n"
-        "Ben, \"10 sec\", , b1, 00:00:00.000, 00:00:10.000, 0, 0, 38.9, 0\r\n"
-        "Ann, \"10 sec\", , , 00:00:00.000, 00:00:00.000, 0, 0, 0, 0\r\n"
-        "\r\n");
+    const std::string strHeader = ResultsHeader(m_event) + "\r\n";
+    const std::string strBen = "Ben, \"10 sec\", , b1, " + Times(1, "38.9");
+    const std::string strAnn = "Ann, \"500 m\", , a1, " + Times(1, "29.2");
+    const std::string strAnnNone = "Ann, \"10 sec\", , , " + Times(0, "0");
+    const std::string strBenNone = "Ben, \"500 m\", , , " + Times(0, "0");
+    const auto Expect = [&](const std::string& strMessage, const std::string& strExpected) {
+        EXPECT_EQ(strMessage, "");
+        EXPECT_EQ(CTemporaryFolder::Read(strPath), strHeader + strExpected);
+    };
+    Expect(ExportCompetitorResults(m_event, -1, -1, strPath, m_progress), strAnn + "\r\n" + strBen + "\r\n");
+    Expect(ExportCompetitorResults(m_event, 1, 0, strPath, m_progress), strBen + "\r\n");
+    Expect(ExportAllDivisions(m_event, -1, -1, strPath, m_progress),
+           strAnn + strBenNone + strBen + strAnnNone);
+    Expect(ExportAllDivisions(m_event, 1, 0, strPath, m_progress), strBenNone + strBen);
+    Expect(ExportDivisionResults(m_event, -1, strPath, m_progress),
+           strAnn + strBenNone + "\r\n" + strBen + strAnnNone + "\r\n");
+    Expect(ExportDivisionResults(m_event, 1, strPath, m_progress), strBen + strAnnNone + "\r\n");
 }
 
 TEST_F(ResultsExportFile, AFileThatCannotBeOpenedTellsTheCause)

@@ -1,13 +1,16 @@
 #pragma once
 
+#include "geo/DistanceCalculator.h"
 #include "model/Event.h"
 #include "platform/Progress.h"
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace kestrabel::test {
@@ -73,6 +76,19 @@ inline CResult& AddFound(CSeries& series, std::string_view strDivision, double d
     result.m_timeEnd = DATE(45444.0 + dEndSecond / SecondsPerDay);
     result.m_strSeries = series.m_strName;
     return result;
+}
+
+/// Two positions a few millimetres apart whose distance is not a number: there are such pairs, about one in a
+/// hundred and fifty, where rounding lifts the cosine of their angle above 1.
+inline std::pair<CPosition, CPosition> FindLostPair()
+{
+    CDistanceCalculator calculator;
+    for (int i = 1;; ++i) {
+        const CPosition from = MakePosition(-38.85 + 1e-6 * i, 146.16);
+        const CPosition to = MakePosition(from.m_dLatitude + 2e-8, from.m_dLongitude);
+        if (i == 100000 || std::isnan(calculator.Distance(from, to)))
+            return {from, to};
+    }
 }
 
 } // namespace kestrabel::test

@@ -2,7 +2,6 @@
 
 #include "engine/SeriesResults.h"
 #include "engine/TestEvent.h"
-#include "geo/DistanceCalculator.h"
 #include "support/Track.h"
 
 #include <cmath>
@@ -98,13 +97,9 @@ TEST_F(TrackFile, TenSecondsHaveAMillisecondOfTolerance)
 TEST_F(TrackFile, ADistanceThatIsNoNumberBeatsNone)
 {
     Ride(21);
-    CPosition& from = m_series.m_points[0].m_position;
-    CPosition& to = m_series.m_points[10].m_position;
-    // There are pairs, millimetres apart, where rounding lifts the cosine of their angle above 1.
-    for (int i = 1; i < 100000 && !std::isnan(CDistanceCalculator().Distance(from, to)); ++i) {
-        from = MakePosition(-38.85 + 1e-6 * i, 146.16);
-        to = MakePosition(from.m_dLatitude + 2e-8, from.m_dLongitude);
-    }
+    const auto [from, to] = FindLostPair();
+    m_series.m_points[0].m_position = from;
+    m_series.m_points[10].m_position = to;
     m_division.m_nCalcUsing = CalcUsing::Trackpoints;
     m_division.m_bAccumulation = 0;
     for (const std::uint8_t nAverage : std::initializer_list<std::uint8_t>{1, 5}) {

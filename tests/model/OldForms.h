@@ -1,10 +1,12 @@
 #pragma once
 
-#include "model/StoredFields.h"
-#include "platform/NumberInput.h"
+#include "model/ArchiveBytes.h"
+#include "model/StoredForms.h"
 
-#include <cmath>
-#include <span>
+#include <functional>
+#include <limits>
+#include <string>
+#include <type_traits>
 #include <vector>
 
 namespace kestrabel::test {
@@ -12,257 +14,281 @@ namespace kestrabel::test {
 // The layouts of every class, with the forms from which on (up to which) a field stands in the file. They are
 // kept apart from the readers, so that a mistake in one of the two shows.
 
-inline double NumberOf(const std::string& strText)
+enum class EForm
 {
-    return ReadDecimal(strText);
+    Byte,
+    Dword,
+    Double,
+    Days, ///< a date as status (valid) and day count
+    Own,  ///< the only one of the member's type
+};
+
+inline constexpr int AnyForm = std::numeric_limits<int>::max();
+
+/// Writes a field and gives it to the object that is expected: a value different at each place of a layout,
+/// and a whole number where the form wants one.
+template <class V>
+void PutField(CArchiveBytes& bytes, V& member, EForm form, int nPlace)
+{
+    const int nValue = 20 + nPlace;
+    const double dValue = nValue + 0.5;
+    if constexpr (std::is_same_v<V, std::string>) {
+        bytes.Text(member = std::to_string(nValue));
+    } else if constexpr (std::is_same_v<V, CPosition>) {
+        member = MakePosition(dValue, -dValue);
+        bytes.Position(dValue, -dValue);
+    } else if constexpr (std::is_same_v<V, CEllipsoid>) {
+        member.SetEllipsoid(6, dValue, 300.0);
+        bytes.Dword(6).Double(dValue).Double(300.0);
+    } else if constexpr (std::is_same_v<V, CGeoRect>) {
+        member = {dValue, dValue + 1, dValue + 2, dValue + 3};
+        bytes.Double(dValue).Double(dValue + 1).Double(dValue + 2).Double(dValue + 3);
+    } else if constexpr (std::is_same_v<V, DATE>) {
+        member = form == EForm::Own ? DATE(45292.0 + nPlace) : DATE(dValue);
+        if (form == EForm::Own)
+            bytes.Text("2024-01-" + std::to_string(1 + nPlace));
+        else
+            (form == EForm::Days ? bytes.Dword(0) : bytes).Double(dValue);
+    } else {
+        member = form == EForm::Double ? static_cast<V>(dValue) : static_cast<V>(nValue);
+        if (form == EForm::Double)
+            bytes.Double(dValue);
+        else
+            form == EForm::Byte ? bytes.Byte(nValue) : bytes.Dword(nValue);
+    }
 }
 
-inline double NumberOf(const CPosition& position)
-{
-    return position.m_dLongitude == -position.m_dLatitude ? position.m_dLatitude : std::nan("");
-}
-
-inline double NumberOf(const DATE& date)
-{
-    return date.IsValid() ? date.m_dDays : std::nan("");
-}
-
-inline double NumberOf(const CEllipsoid& ellipsoid)
-{
-    return ellipsoid.m_nEllipsoid == 6 && ellipsoid.m_dFlattening == 1.0 / 300.0 ? ellipsoid.m_dRadius : 0.0;
-}
-
-inline double NumberOf(const CGeoRect& rect)
-{
-    const bool bInOrder = rect.m_dNorth == rect.m_dWest + 1 && rect.m_dEast == rect.m_dWest + 2 &&
-                          rect.m_dSouth == rect.m_dWest + 3;
-    return bInOrder ? rect.m_dWest : 0.0;
-}
-
+/// The fields of a class in the order of the file, as made by the functions behind it.
 template <class T>
-double NumberOf(const CObjectArray<T>& objects)
+class CLayout
 {
-    return objects.GetCount();
+public:
+    template <class... TParts>
+    explicit CLayout(const TParts&... parts)
+    {
+        (parts(*this), ...);
+    }
+
+    template <class TMember>
+    void Add(EForm form, TMember pMember)
+    {
+        AddField([=](CArchiveBytes& bytes, T& object,
+                     int nPlace) { PutField(bytes, object.*pMember, form, nPlace); },
+                 [=](const T& one, const T& other) { return one.*pMember == other.*pMember; });
+    }
+
+    void AddUnused(int nBytes)
+    {
+        AddField([=](CArchiveBytes& bytes, T&, int) { bytes.Raw(std::string(nBytes, 'u')); },
+                 [](const T&, const T&) { return true; });
+    }
+
+    template <class U>
+    void AddObjects(CObjectArray<U> T::*pMember, const CLayout<U>& layout, int nSchema)
+    {
+        AddField(
+            [=](CArchiveBytes& bytes, T& object, int) {
+                (object.*pMember).RemoveAll();
+                (object.*pMember).Add(std::make_unique<U>());
+                layout.PutOne(bytes, nSchema);
+            },
+            [=](const T& one, const T& other) {
+                return (one.*pMember).GetCount() == (other.*pMember).GetCount();
+            });
+    }
+
+    /// The body in that form; `object` gets what its members must then hold.
+    std::string Body(int nForm, T& object) const
+    {
+        CArchiveBytes bytes;
+        for (std::size_t i = 0; i < m_fields.size(); ++i) {
+            if (nForm >= m_fields[i].nFirst && nForm <= m_fields[i].nLast)
+                m_fields[i].put(bytes, object, static_cast<int>(i));
+        }
+        return bytes.Get();
+    }
+    std::string Body(int nForm) const
+    {
+        if constexpr (std::is_default_constructible_v<T>) {
+            T object;
+            return Body(nForm, object);
+        } else {
+            T object(DATE(1.0));
+            return Body(nForm, object);
+        }
+    }
+
+    /// An array of one object of the class.
+    void PutOne(CArchiveBytes& bytes, int nSchema) const
+    {
+        bytes.Word(1).NewClass(T::Class.strName, nSchema).Raw(Body(nSchema));
+    }
+
+    /// The places of the fields in which two objects differ.
+    std::string Differences(const T& one, const T& other) const
+    {
+        std::string strPlaces;
+        for (std::size_t i = 0; i < m_fields.size(); ++i)
+            strPlaces += m_fields[i].isSame(one, other) ? "" : std::to_string(i) + " ";
+        return strPlaces;
+    }
+
+    /// The fields from now on are in these forms.
+    int m_nFirst = 0;
+    int m_nLast = AnyForm;
+
+private:
+    struct SField
+    {
+        int nFirst;
+        int nLast;
+        std::function<void(CArchiveBytes&, T&, int nPlace)> put;
+        std::function<bool(const T&, const T&)> isSame;
+    };
+
+    template <class TPut, class TIsSame>
+    void AddField(TPut put, TIsSame isSame)
+    {
+        m_fields.push_back({m_nFirst, m_nLast, put, isSame});
+    }
+
+    std::vector<SField> m_fields;
+};
+
+/// The fields that follow are only in these forms.
+inline auto In(int nFirst, int nLast = AnyForm)
+{
+    return [=](auto& layout) {
+        layout.m_nFirst = nFirst;
+        layout.m_nLast = nLast;
+    };
 }
 
-inline double NumberOf(double dValue)
+template <EForm form>
+constexpr auto Fields =
+    [](auto... pMembers) { return [=](auto& layout) { (layout.Add(form, pMembers), ...); }; };
+inline constexpr auto Bytes = Fields<EForm::Byte>;
+inline constexpr auto Dwords = Fields<EForm::Dword>;
+inline constexpr auto Doubles = Fields<EForm::Double>;
+inline constexpr auto Days = Fields<EForm::Days>;
+inline constexpr auto Own = Fields<EForm::Own>;
+
+/// Bytes that nothing keeps.
+inline auto Unused(int nBytes)
 {
-    return dValue;
+    return [=](auto& layout) { layout.AddUnused(nBytes); };
 }
 
-/// How to see a member in an object.
-template <class T, auto pMember>
-constexpr auto Member = [](const T& object) { return NumberOf(object.*pMember); };
-
-template <class T>
-using CLayout = std::vector<SStoredField<T>>;
-
-/// An array of one object of the class in that form, of which the layout follows.
-template <class T>
-void OneObject(CArchiveBytes& bytes, const CLayout<T>& layout, int nSchema)
+/// An array of one object in that form.
+template <class U, class T>
+auto Objects(CObjectArray<U> T::*pMember, const CLayout<U>& elements, int nSchema)
 {
-    bytes.Word(1).NewClass(T::Class.strName, nSchema).Raw(MakeBody<T>(layout, nSchema).bytes);
+    return [=](auto& layout) { layout.AddObjects(pMember, elements, nSchema); };
 }
 
 inline CLayout<CWayPoint> WayPointLayout()
 {
-    return {
-        {EForm::Text, "m_strName", Member<CWayPoint, &CWayPoint::m_strName>},
-        {EForm::Dword, "", nullptr},
-        {EForm::Double, "m_dProximity", Member<CWayPoint, &CWayPoint::m_dProximity>, 2},
-        {EForm::Position, "m_position", Member<CWayPoint, &CWayPoint::m_position>},
-    };
+    using C = CWayPoint;
+    return CLayout<C>(Own(&C::m_strName), Unused(4), In(2), Doubles(&C::m_dProximity), In(0),
+                      Own(&C::m_position));
 }
 
 inline CLayout<CDivision> DivisionLayout()
 {
-    return {
-        {EForm::Text, "m_strName", Member<CDivision, &CDivision::m_strName>},
-        {EForm::Double, "m_dMetres", Member<CDivision, &CDivision::m_dMetres>},
-        {EForm::Double, "m_dFurther1", Member<CDivision, &CDivision::m_dFurther1>},
-        {EForm::Double, "m_dFurther2", Member<CDivision, &CDivision::m_dFurther2>},
-        {EForm::Byte, "m_nAverageRuns", Member<CDivision, &CDivision::m_nAverageRuns>},
-        {EForm::Byte, "m_nCalcUsing", Member<CDivision, &CDivision::m_nCalcUsing>},
-        {EForm::DateText, "m_dateFrom", Member<CDivision, &CDivision::m_dateFrom>},
-        {EForm::DateText, "m_dateTo", Member<CDivision, &CDivision::m_dateTo>},
-        {EForm::Byte, "m_nKind", Member<CDivision, &CDivision::m_nKind>, 3},
-        {EForm::Byte, "m_bAccumulation", Member<CDivision, &CDivision::m_bAccumulation>, 4},
-        {EForm::Byte, "m_bOneResultPerRun", Member<CDivision, &CDivision::m_bOneResultPerRun>, 5},
-        {EForm::Byte, "m_bUseAltitude", Member<CDivision, &CDivision::m_bUseAltitude>, 7},
-        {EForm::Dword, "m_nSeconds", Member<CDivision, &CDivision::m_nSeconds>, 7},
-        {EForm::Dword, "m_nStartAt", Member<CDivision, &CDivision::m_nStartAt>, 7},
-        {EForm::Dword, "m_bStrict", Member<CDivision, &CDivision::m_bStrict>, 7},
-        {EForm::Dword, "", nullptr, 7},
-        {EForm::Double, "m_dMinCalcInterval", Member<CDivision, &CDivision::m_dMinCalcInterval>, 9},
-        {EForm::Double, "m_dProximity", Member<CDivision, &CDivision::m_dProximity>, 9},
-        {EForm::Double, "", nullptr, 9},
-        {EForm::Double, "", nullptr, 9},
-        {EForm::Objects, "m_waypoints", Member<CDivision, &CDivision::m_waypoints>, 10, AnyForm,
-         [](CArchiveBytes& bytes) { OneObject(bytes, WayPointLayout(), 2); }},
-    };
+    using C = CDivision;
+    return CLayout<C>(Own(&C::m_strName), Doubles(&C::m_dMetres, &C::m_dFurther1, &C::m_dFurther2),
+                      Bytes(&C::m_nAverageRuns, &C::m_nCalcUsing), Own(&C::m_dateFrom, &C::m_dateTo), In(3),
+                      Bytes(&C::m_nKind), In(4), Bytes(&C::m_bAccumulation), In(5),
+                      Bytes(&C::m_bOneResultPerRun), In(7), Bytes(&C::m_bUseAltitude),
+                      Dwords(&C::m_nSeconds, &C::m_nStartAt, &C::m_bStrict), Unused(4), In(9),
+                      Doubles(&C::m_dMinCalcInterval, &C::m_dProximity), Unused(8), Unused(8), In(10),
+                      Objects(&C::m_waypoints, WayPointLayout(), 2));
 }
 
 inline CLayout<CTrackPoint> PointLayout()
 {
-    return {
-        {EForm::Position, "m_position", Member<CTrackPoint, &CTrackPoint::m_position>},
-        {EForm::DateText, "m_time", Member<CTrackPoint, &CTrackPoint::m_time>},
-        {EForm::Byte, "", nullptr},
-        {EForm::Dword, "m_nInvalidFlags", Member<CTrackPoint, &CTrackPoint::m_nInvalidFlags>},
-        {EForm::Dword, "m_nAltitude", Member<CTrackPoint, &CTrackPoint::m_nAltitude>},
-        {EForm::Dword, "m_dHDOP", Member<CTrackPoint, &CTrackPoint::m_dHDOP>, 0, 6},
-        {EForm::Double, "m_dHDOP", Member<CTrackPoint, &CTrackPoint::m_dHDOP>, 7},
-        {EForm::Double, "m_dDeltaTime", Member<CTrackPoint, &CTrackPoint::m_dDeltaTime>},
-        {EForm::Double, "m_dVertSpeed", Member<CTrackPoint, &CTrackPoint::m_dVertSpeed>},
-        {EForm::Double, "m_dSpeed", Member<CTrackPoint, &CTrackPoint::m_dSpeed>},
-        {EForm::Double, "m_dDistance", Member<CTrackPoint, &CTrackPoint::m_dDistance>, 3},
-        {EForm::Double, "m_dWindAngle", Member<CTrackPoint, &CTrackPoint::m_dWindAngle>, 4},
-        {EForm::Dword, "m_nRun", Member<CTrackPoint, &CTrackPoint::m_nRun>, 5},
-        {EForm::Dword, "m_nTrack", Member<CTrackPoint, &CTrackPoint::m_nTrack>, 6},
-        {EForm::Double, "m_dDoppler", Member<CTrackPoint, &CTrackPoint::m_dDoppler>, 7},
-        {EForm::Dword, "m_nSats", Member<CTrackPoint, &CTrackPoint::m_nSats>, 8},
-        {EForm::Dword, "m_nRxStatus", Member<CTrackPoint, &CTrackPoint::m_nRxStatus>, 9},
-        {EForm::Double, "m_dPosError", Member<CTrackPoint, &CTrackPoint::m_dPosError>, 10},
-        {EForm::Double, "m_dDopplerError", Member<CTrackPoint, &CTrackPoint::m_dDopplerError>, 10},
-    };
+    using C = CTrackPoint;
+    return CLayout<C>(Own(&C::m_position, &C::m_time), Unused(1),
+                      Dwords(&C::m_nInvalidFlags, &C::m_nAltitude), In(0, 6), Dwords(&C::m_dHDOP), In(7),
+                      Doubles(&C::m_dHDOP), In(0), Doubles(&C::m_dDeltaTime, &C::m_dVertSpeed, &C::m_dSpeed),
+                      In(3), Doubles(&C::m_dDistance), In(4), Doubles(&C::m_dWindAngle), In(5),
+                      Dwords(&C::m_nRun), In(6), Dwords(&C::m_nTrack), In(7), Doubles(&C::m_dDoppler), In(8),
+                      Dwords(&C::m_nSats), In(9), Dwords(&C::m_nRxStatus), In(10),
+                      Doubles(&C::m_dPosError, &C::m_dDopplerError));
 }
 
 inline CLayout<CResult> ResultLayout()
 {
-    return {
-        {EForm::Position, "m_posStart", Member<CResult, &CResult::m_posStart>},
-        {EForm::Position, "m_posEnd", Member<CResult, &CResult::m_posEnd>},
-        {EForm::Dword, "m_nRank", Member<CResult, &CResult::m_nRank>},
-        {EForm::Text, "m_strCompetitor", Member<CResult, &CResult::m_strCompetitor>},
-        {EForm::Text, "m_strDivision", Member<CResult, &CResult::m_strDivision>},
-        {EForm::Text, "m_strSeries", Member<CResult, &CResult::m_strSeries>, 3},
-        {EForm::Double, "m_timeStart", Member<CResult, &CResult::m_timeStart>},
-        {EForm::Double, "m_timeEnd", Member<CResult, &CResult::m_timeEnd>},
-        {EForm::Double, "m_dDistance", Member<CResult, &CResult::m_dDistance>},
-        {EForm::Double, "m_dSpeed", Member<CResult, &CResult::m_dSpeed>},
-        {EForm::Double, "m_dSeconds", Member<CResult, &CResult::m_dSeconds>},
-        {EForm::Dword, "m_nRun", Member<CResult, &CResult::m_nRun>},
-        {EForm::Double, "m_dDirection", Member<CResult, &CResult::m_dDirection>, 4},
-        {EForm::Double, "m_dWindAngle", Member<CResult, &CResult::m_dWindAngle>, 5},
-        {EForm::Double, "m_dAltitude", Member<CResult, &CResult::m_dAltitude>, 6},
-        {EForm::Double, "m_dAltChange", Member<CResult, &CResult::m_dAltChange>, 7},
-        {EForm::Dword, "m_nStartIndex", Member<CResult, &CResult::m_nStartIndex>, 8},
-        {EForm::Double, "m_dHDOPMax", Member<CResult, &CResult::m_dHDOPMax>, 9},
-        {EForm::Double, "m_dClaimed", Member<CResult, &CResult::m_dClaimed>, 10},
-        {EForm::Dword, "m_nSatsMin", Member<CResult, &CResult::m_nSatsMin>, 11},
-        {EForm::Double, "m_dMinSpeed", Member<CResult, &CResult::m_dMinSpeed>, 12},
-        {EForm::Double, "m_dMaxSpeed", Member<CResult, &CResult::m_dMaxSpeed>, 12},
-        {EForm::Double, "m_dPosError", Member<CResult, &CResult::m_dPosError>, 13},
-        {EForm::Double, "m_dDopplerError", Member<CResult, &CResult::m_dDopplerError>, 13},
-        {EForm::Dword, "m_nEndIndex", Member<CResult, &CResult::m_nEndIndex>, 14},
-        {EForm::Dword, "m_nSeriesIndex", Member<CResult, &CResult::m_nSeriesIndex>, 14},
-    };
+    using C = CResult;
+    return CLayout<C>(
+        Own(&C::m_posStart, &C::m_posEnd), Dwords(&C::m_nRank), Own(&C::m_strCompetitor, &C::m_strDivision),
+        In(3), Own(&C::m_strSeries), In(0),
+        Doubles(&C::m_timeStart, &C::m_timeEnd, &C::m_dDistance, &C::m_dSpeed, &C::m_dSeconds),
+        Dwords(&C::m_nRun), In(4), Doubles(&C::m_dDirection), In(5), Doubles(&C::m_dWindAngle), In(6),
+        Doubles(&C::m_dAltitude), In(7), Doubles(&C::m_dAltChange), In(8), Dwords(&C::m_nStartIndex), In(9),
+        Doubles(&C::m_dHDOPMax), In(10), Doubles(&C::m_dClaimed), In(11), Dwords(&C::m_nSatsMin), In(12),
+        Doubles(&C::m_dMinSpeed, &C::m_dMaxSpeed), In(13), Doubles(&C::m_dPosError, &C::m_dDopplerError),
+        In(14), Dwords(&C::m_nEndIndex, &C::m_nSeriesIndex));
 }
 
 inline CLayout<CSeriesDivision> RecordLayout()
 {
-    return {
-        {EForm::Text, "m_strDivision", Member<CSeriesDivision, &CSeriesDivision::m_strDivision>},
-        {EForm::Byte, "m_bFlag", Member<CSeriesDivision, &CSeriesDivision::m_bFlag>, 3},
-        {EForm::Objects, "m_results", Member<CSeriesDivision, &CSeriesDivision::m_results>, 0, AnyForm,
-         [](CArchiveBytes& bytes) { OneObject(bytes, ResultLayout(), 14); }},
-    };
+    using C = CSeriesDivision;
+    return CLayout<C>(Own(&C::m_strDivision), In(3), Bytes(&C::m_bFlag), In(0),
+                      Objects(&C::m_results, ResultLayout(), 14));
 }
 
 inline CLayout<CSeries> SeriesLayout()
 {
-    return {
-        {EForm::Objects, "m_points", Member<CSeries, &CSeries::m_points>, 0, 5,
-         [](CArchiveBytes& bytes) { OneObject(bytes, PointLayout(), 9); }},
-        {EForm::DateText, "m_date", Member<CSeries, &CSeries::m_date>},
-        {EForm::Text, "m_strName", Member<CSeries, &CSeries::m_strName>},
-        {EForm::Text, "m_strFileName", Member<CSeries, &CSeries::m_strFileName>},
-        {EForm::Dword, "m_bManaged", Member<CSeries, &CSeries::m_bManaged>, 4},
-        {EForm::Byte, "m_cReserved", Member<CSeries, &CSeries::m_cReserved>, 5},
-        {EForm::Double, "m_dWindDirection", Member<CSeries, &CSeries::m_dWindDirection>, 5},
-        {EForm::Dword, "", nullptr, 8},
-        {EForm::Double, "m_dTotalDistance", Member<CSeries, &CSeries::m_dTotalDistance>, 9},
-        {EForm::Double, "m_dTravelTime", Member<CSeries, &CSeries::m_dTravelTime>, 9},
-        {EForm::Ellipsoid, "m_ellipsoid", Member<CSeries, &CSeries::m_ellipsoid>, 7},
-        {EForm::Double, "m_dMaxSpeed", Member<CSeries, &CSeries::m_dMaxSpeed>, 10},
-        {EForm::Double, "m_dMinAltitude", Member<CSeries, &CSeries::m_dMinAltitude>, 10},
-        {EForm::Double, "m_dMaxAltitude", Member<CSeries, &CSeries::m_dMaxAltitude>, 10},
-        {EForm::Double, "m_dMaxResultHDOP", Member<CSeries, &CSeries::m_dMaxResultHDOP>, 10},
-        {EForm::Double, "m_dMinResultSats", Member<CSeries, &CSeries::m_dMinResultSats>, 10},
-        {EForm::Rectangle, "m_rcBounds", Member<CSeries, &CSeries::m_rcBounds>, 10},
-        {EForm::Days, "m_timeStart", Member<CSeries, &CSeries::m_timeStart>, 10},
-        {EForm::Days, "m_timeEnd", Member<CSeries, &CSeries::m_timeEnd>, 10},
-        {EForm::Double, "m_dTrackError", Member<CSeries, &CSeries::m_dTrackError>, 11},
-        {EForm::Double, "m_dDopplerError", Member<CSeries, &CSeries::m_dDopplerError>, 11},
-        {EForm::Double, "m_dTotalDopplerDistance", Member<CSeries, &CSeries::m_dTotalDopplerDistance>, 11},
-        {EForm::Double, "m_dMaxDoppler", Member<CSeries, &CSeries::m_dMaxDoppler>, 11},
-        {EForm::Objects, "m_divisions", Member<CSeries, &CSeries::m_divisions>, 0, AnyForm,
-         [](CArchiveBytes& bytes) { OneObject(bytes, RecordLayout(), 3); }},
-    };
+    using C = CSeries;
+    return CLayout<C>(
+        In(0, 5), Objects(&C::m_points, PointLayout(), 9), In(0),
+        Own(&C::m_date, &C::m_strName, &C::m_strFileName), In(4), Dwords(&C::m_bManaged), In(5),
+        Bytes(&C::m_cReserved), Doubles(&C::m_dWindDirection), In(8), Unused(4), In(9),
+        Doubles(&C::m_dTotalDistance, &C::m_dTravelTime), In(7), Own(&C::m_ellipsoid), In(10),
+        Doubles(&C::m_dMaxSpeed, &C::m_dMinAltitude, &C::m_dMaxAltitude, &C::m_dMaxResultHDOP,
+                &C::m_dMinResultSats),
+        Own(&C::m_rcBounds), Days(&C::m_timeStart, &C::m_timeEnd), In(11),
+        Doubles(&C::m_dTrackError, &C::m_dDopplerError, &C::m_dTotalDopplerDistance, &C::m_dMaxDoppler),
+        In(0), Objects(&C::m_divisions, RecordLayout(), 3));
 }
 
 /// The event by format version. The divisions stand between the two; version and data folder are in the file
 /// from version 4 on.
 inline CLayout<CEvent> EventHeadLayout()
 {
-    return {
-        {EForm::Text, "m_strDescription", Member<CEvent, &CEvent::m_strDescription>},
-        {EForm::Text, "m_strLocation", Member<CEvent, &CEvent::m_strLocation>},
-        {EForm::DateText, "m_dateStart", Member<CEvent, &CEvent::m_dateStart>},
-        {EForm::DateText, "m_dateEnd", Member<CEvent, &CEvent::m_dateEnd>},
-        {EForm::Dword, "m_nShowTopRows", Member<CEvent, &CEvent::m_nShowTopRows>},
-        {EForm::Dword, "m_nSpeedUnits", Member<CEvent, &CEvent::m_nSpeedUnits>},
-        {EForm::Dword, "m_bConstrainRegion", Member<CEvent, &CEvent::m_bConstrainRegion>},
-        {EForm::Dword, "m_bConstrainDates", Member<CEvent, &CEvent::m_bConstrainDates>},
-        {EForm::Dword, "m_nReserved", Member<CEvent, &CEvent::m_nReserved>},
-        {EForm::Double, "m_dAccThreshold", Member<CEvent, &CEvent::m_dAccThreshold>},
-        {EForm::Dword, "m_nTimeThreshold", Member<CEvent, &CEvent::m_nTimeThreshold>},
-        {EForm::Position, "m_posNorthWest", Member<CEvent, &CEvent::m_posNorthWest>},
-        {EForm::Position, "m_posSouthEast", Member<CEvent, &CEvent::m_posSouthEast>},
-    };
+    using C = CEvent;
+    return CLayout<C>(Own(&C::m_strDescription, &C::m_strLocation, &C::m_dateStart, &C::m_dateEnd),
+                      Dwords(&C::m_nShowTopRows, &C::m_nSpeedUnits, &C::m_bConstrainRegion,
+                             &C::m_bConstrainDates, &C::m_nReserved),
+                      Doubles(&C::m_dAccThreshold), Dwords(&C::m_nTimeThreshold),
+                      Own(&C::m_posNorthWest, &C::m_posSouthEast));
 }
 
 inline CLayout<CEvent> EventTailLayout()
 {
-    return {
-        {EForm::Text, "m_strDataFolder", Member<CEvent, &CEvent::m_strDataFolder>, 4},
-        {EForm::Double, "m_dMaxHDOP", Member<CEvent, &CEvent::m_dMaxHDOP>, 5},
-        {EForm::Dword, "m_nMinSats", Member<CEvent, &CEvent::m_nMinSats>, 5},
-        {EForm::Double, "m_dDeccThreshold", Member<CEvent, &CEvent::m_dDeccThreshold>, 6},
-        {EForm::Double, "m_dSpeedThreshold", Member<CEvent, &CEvent::m_dSpeedThreshold>, 6},
-        {EForm::Dword, "m_bCaptureFocus", Member<CEvent, &CEvent::m_bCaptureFocus>, 7},
-        {EForm::Double, "m_dZoom", Member<CEvent, &CEvent::m_dZoom>, 8},
-        {EForm::Double, "m_dStopRunSpeed", Member<CEvent, &CEvent::m_dStopRunSpeed>, 8},
-        {EForm::Double, "m_dStopRunAngle", Member<CEvent, &CEvent::m_dStopRunAngle>, 8},
-        {EForm::Double, "m_dTimezone", Member<CEvent, &CEvent::m_dTimezone>, 8},
-        {EForm::Double, "m_dDopplerError", Member<CEvent, &CEvent::m_dDopplerError>, 8},
-        {EForm::Double, "m_dTrackpointError", Member<CEvent, &CEvent::m_dTrackpointError>, 8},
-        {EForm::Double, "", nullptr, 8},
-        {EForm::Dword, "m_nSmoothing", Member<CEvent, &CEvent::m_nSmoothing>, 8},
-        {EForm::Dword, "m_nSpeedPrecision", Member<CEvent, &CEvent::m_nSpeedPrecision>, 8},
-        {EForm::Dword, "m_nTimePrecision", Member<CEvent, &CEvent::m_nTimePrecision>, 8},
-        {EForm::Dword, "m_nDistancePrecision", Member<CEvent, &CEvent::m_nDistancePrecision>, 8},
-        {EForm::Dword, "m_nLatLongPrecision", Member<CEvent, &CEvent::m_nLatLongPrecision>, 8},
-        {EForm::Dword, "", nullptr, 8},
-        {EForm::Objects, "m_waypoints", Member<CEvent, &CEvent::m_waypoints>, 10, AnyForm,
-         [](CArchiveBytes& bytes) { OneObject(bytes, WayPointLayout(), 2); }},
-    };
+    using C = CEvent;
+    return CLayout<C>(In(4), Own(&C::m_strDataFolder), In(5), Doubles(&C::m_dMaxHDOP), Dwords(&C::m_nMinSats),
+                      In(6), Doubles(&C::m_dDeccThreshold, &C::m_dSpeedThreshold), In(7),
+                      Dwords(&C::m_bCaptureFocus), In(8),
+                      Doubles(&C::m_dZoom, &C::m_dStopRunSpeed, &C::m_dStopRunAngle, &C::m_dTimezone,
+                              &C::m_dDopplerError, &C::m_dTrackpointError),
+                      Unused(8),
+                      Dwords(&C::m_nSmoothing, &C::m_nSpeedPrecision, &C::m_nTimePrecision,
+                             &C::m_nDistancePrecision, &C::m_nLatLongPrecision),
+                      Unused(4), In(10), Objects(&C::m_waypoints, WayPointLayout(), 2));
 }
 
 /// An event file of that version up to the trailing double word. Its division is of the schema that tells
 /// that a version follows, or of the one before.
-inline std::string EventOf(int nVersion, std::map<std::string, double>& values)
+inline std::string EventOf(int nVersion, CEvent& expected)
 {
-    const SStoredBody<CEvent> head = MakeBody<CEvent>(EventHeadLayout(), nVersion);
-    const SStoredBody<CEvent> tail = MakeBody<CEvent>(EventTailLayout(), nVersion);
     CArchiveBytes bytes;
-    bytes.Raw(head.bytes).Word(0);
-    OneObject(bytes, DivisionLayout(), nVersion >= 4 ? 6 : 5);
+    bytes.Raw(EventHeadLayout().Body(nVersion, expected)).Word(0);
+    DivisionLayout().PutOne(bytes, nVersion >= 4 ? 6 : 5);
     bytes.Dword(5).Double(1).Double(2);
     if (nVersion >= 4)
-        bytes.Dword(static_cast<std::uint64_t>(nVersion)).Raw(tail.bytes);
-    values = head.values;
-    values.insert(tail.values.begin(), tail.values.end());
+        bytes.Dword(static_cast<std::uint64_t>(nVersion)).Raw(EventTailLayout().Body(nVersion, expected));
     return bytes.Get();
 }
 

@@ -260,11 +260,11 @@ TEST(ProjectFile, AProjectWithoutDivisionsIsReadCompletely)
 std::string OldFile(int nSeriesSchema, std::uint32_t nTrailing, std::string_view strPath)
 {
     CArchiveBytes bytes;
-    bytes.Raw(MakeBody<CEvent>(EventHeadLayout(), 3).bytes);
+    bytes.Raw(EventHeadLayout().Body(3));
     bytes.Word(1).NewClass("CPerson", 2);
-    OneObject(bytes, SeriesLayout(), nSeriesSchema);
+    SeriesLayout().PutOne(bytes, nSeriesSchema);
     bytes.Word(2).Text("A").Text("B").Text("Ann").Text("").Text("").Text("7");
-    OneObject(bytes, DivisionLayout(), 5);
+    DivisionLayout().PutOne(bytes, 5);
     bytes.Dword(1).Double(0).Double(0).Dword(nTrailing).Raw(strPath);
     return bytes.Get();
 }
@@ -272,7 +272,7 @@ std::string OldFile(int nSeriesSchema, std::uint32_t nTrailing, std::string_view
 TEST(ProjectFile, CompetitorsOfOldFilesAreReadOver)
 {
     const CTemporaryFolder folder;
-    const std::string strName = MakeBody<CDivision>(DivisionLayout(), 5).bytes.Get().substr(1, 2);
+    const std::string strName = DivisionLayout().Body(5).substr(1, 2);
     for (int nSchema = 1; nSchema <= 11; ++nSchema) {
         SJudgedEvent judged;
         std::string strProjectPath;
@@ -383,7 +383,7 @@ TEST(ProjectFile, DamagedFilesLoadOrFailCleanly)
 TEST(ProjectFile, WhatAFileAnnouncesIsNotAllocated)
 {
     const CTemporaryFolder folder;
-    const std::string head = MakeBody<CEvent>(EventHeadLayout(), 3).bytes.Get();
+    const std::string head = EventHeadLayout().Body(3);
     const std::string room(70'000, '\0'); // so that the long form itself is there
     const CArchiveBytes person = CArchiveBytes().Word(1).NewClass("CPerson", 2);
     const std::string cases[] = {
