@@ -1,8 +1,11 @@
 #include "app/CommandRouter.h"
 
+#include "app/CompetitorCommands.h"
 #include "app/DivisionCommands.h"
 #include "app/ExternalCommands.h"
+#include "app/InquiryCommands.h"
 #include "app/NodeCommands.h"
+#include "app/OptionsCommands.h"
 #include "app/RecentFiles.h"
 #include "app/ResultsExportCommands.h"
 #include "app/TrackEditing.h"
@@ -22,9 +25,6 @@ constexpr std::array ForOthers = {
     ECommand::Exit,           ECommand::Print,
     ECommand::PrintPreview,   ECommand::PrintSetup,
     ECommand::Copy,           ECommand::Paste,
-    ECommand::AddCompetitor,  ECommand::EditCompetitor,
-    ECommand::CalculateSpeed, ECommand::SelectedProperties,
-    ECommand::Options,        ECommand::About,
     ECommand::Fields,         ECommand::ShowTrackPoints,
     ECommand::ZoomIn,         ECommand::ZoomOut,
     ECommand::ZoomAll,        ECommand::ShowDivisionResults,
@@ -153,12 +153,17 @@ bool CCommandRouter::OnFrame(ECommand command, const SCommandPlace& place)
     case ECommand::SortTrackPoints: SortTrackPoints(m_document); break;
     case ECommand::ExtractTrack: ExtractTrack(m_document); break;
     case ECommand::AddDivision: AddDivision(m_document); break;
+    case ECommand::AddCompetitor: AddCompetitor(m_document); break;
+    case ECommand::EditCompetitor: EditCompetitor(m_document, std::max(0, selection.m_nCompetitor)); break;
     case ECommand::DeleteCompetitor:
         if (selection.GetCurrentPerson() != nullptr)
             DeleteCompetitor(m_document, selection.m_nCompetitor);
         break;
     case ECommand::ShowCalculatedResults: selection.Recalculate(false, false); break;
     case ECommand::Recalculate: selection.Recalculate(true, true); break;
+    case ECommand::CalculateSpeed: CalculateSpeed(m_document); break;
+    case ECommand::Options: EditOptions(m_document); break;
+    case ECommand::About: m_application.OnAppAbout(); break;
     default: return false;
     }
     return true;
@@ -173,6 +178,7 @@ bool CCommandRouter::OnPoints(ECommand command, const SCommandPlace& place)
     case ECommand::MarkValid: MarkPoints(m_document, place.points, false); return true;
     case ECommand::MarkInvalid: MarkPoints(m_document, place.points, true); return true;
     case ECommand::DeleteTrackPoints: DeletePoints(m_document, place.points); return true;
+    case ECommand::SelectedProperties: ShowSelectedProperties(m_document, place.points); return true;
     case ECommand::ExportSelectedPoints: {
         CObjectArray<CTrackPoint> points(CObjectArray<CTrackPoint>::EOwnership::Borrows);
         std::ranges::for_each(place.points, [&](CTrackPoint* pPoint) { points.Borrow(*pPoint); });

@@ -1,5 +1,6 @@
 #include "app/NodeCommands.h"
 
+#include "app/CompetitorCommands.h"
 #include "app/DivisionCommands.h"
 #include "app/Document.h"
 #include "app/ExternalCommands.h"
@@ -94,6 +95,7 @@ bool OnTrackFiles(CKestroDoc& document, ECommand command)
         CreateCombinedSeries(document, FirstPerson);
         return true;
     case ECommand::ReadFromGps: ensure(); return true;
+    case ECommand::EditCompetitor: EditCompetitor(document, FirstPerson); return true;
     default: return false;
     }
 }
