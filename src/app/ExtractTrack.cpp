@@ -1,13 +1,16 @@
 #include "app/Document.h"
 #include "app/EditRecorder.h"
+#include "app/FailureText.h"
 #include "app/NewFileName.h"
 #include "app/TrackEditing.h"
-#include "formats/TrackFileDispatcher.h"
 #include "model/TimeText.h"
+#include "platform/Path.h"
 #include "present/ExtractTrackDialog.h"
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 namespace kestrabel {
 
@@ -103,8 +106,11 @@ void ExtractTrack(CKestroDoc& document)
     recorder.Do(std::make_unique<CObjectChange<CSeries>>(person.m_series, person.m_series.GetCount(),
                                                          std::move(pCreated)));
     recorder.MarkDocument();
-    CImportMonitor monitor(&desktop);
-    SaveTrackFile(monitor, created);
+    std::error_code ignored; // of a new project the data folder may not be there yet
+    std::filesystem::create_directories(FolderOf(created.m_strFileName), ignored);
+    CImportMonitor monitor;
+    if (!SaveTrackFile(monitor, created))
+        desktop.ShowMessage(FailureText(monitor, created.m_strFileName));
     recorder.Finish();
     selection.SelectSeries(person.m_series.GetCount() - 1, false, true);
     recorder.Keep();

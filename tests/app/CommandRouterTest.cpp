@@ -3,6 +3,7 @@
 #include "app/AppWorld.h"
 #include "app/NodeCommands.h"
 #include "app/RecentFiles.h"
+#include "app/TrackFileCommands.h"
 #include "present/AboutDialog.h"
 #include "present/EditCompetitorDialog.h"
 #include "present/EditDivisionDialog.h"
@@ -165,13 +166,18 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     EXPECT_TRUE(std::filesystem::exists(world.folder.Path("out.gpx")));
 
     world.Series(1).m_strFileName = world.folder.Path("saved.gpx");
+    bool bTold = false;
+    CProjectTree tree(world.event, world.document.m_hub, [] {});
+    tree.m_changed = [&] { bTold = true; };
     world.Do(ECommand::SaveTrackFile, second);
+    EXPECT_TRUE(bTold) << "the tree's mark goes";
     EXPECT_EQ(world.Series(1).m_bModified, 0);
     EXPECT_TRUE(std::filesystem::exists(world.folder.Path("saved.gpx")));
     world.Do(ECommand::DeleteInvalid, first);
     world.Do(ECommand::Reload, first);
     EXPECT_EQ(world.Counts(), "one 20;two 19;");
 
+    ImportSeries(world.document, AddCompetitor(world.event, "Kim"), world.folder.Path("two.nmea"));
     const std::pair<SCommandPlace, ECommand> exports[] = {
         {first, ECommand::ExportResults},
         {first, ECommand::ExportResultsOfDivisions},
@@ -187,6 +193,12 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
         const std::string strText = CTemporaryFolder::Read(world.folder.Path("results.csv"));
         EXPECT_EQ(std::ranges::find(texts, strText), texts.end()) << "each says something else";
         texts.push_back(strText);
+    }
+    const std::tuple<std::size_t, const char*, const char*> contents[] = {
+        {0, "one", "two"}, {1, "one", "two"}, {2, "two", "Kim"}, {3, "Kim", "x"}, {4, "Kim", "x"}};
+    for (const auto& [i, pIn, pNotIn] : contents) {
+        EXPECT_NE(texts[i].find(pIn), std::string::npos) << texts[i];
+        EXPECT_EQ(texts[i].find(pNotIn), std::string::npos) << texts[i];
     }
 
     const std::string strDivisions = world.Divisions();
@@ -223,6 +235,9 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     EXPECT_EQ(selection.m_dFocusPoint, 9.0) << "the same point of the file that follows";
     world.Do(ECommand::ViewInNotepad, first);
     EXPECT_EQ(world.processes.m_started.at(1), world.Series(0).m_strFileName);
+    selection.SelectSeries(1, false, true);
+    world.Do(ECommand::ViewInNotepad);
+    EXPECT_EQ(world.processes.m_started.at(1), world.Series(1).m_strFileName);
     world.Do(ECommand::CloseTrackFile, OnNode(NodeKind::TrackFile, 7)); // gone: asks nothing
     for (const ECommand command : {ECommand::ZoomIn, ECommand::NewNode, ECommand::EditNode})
         EXPECT_FALSE(world.router.CarryOut(command, second)) << "nothing for a track file";

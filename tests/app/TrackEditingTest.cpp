@@ -20,7 +20,7 @@ protected:
     TrackEditing()
     {
         EXPECT_TRUE(document.OnNewDocument());
-        event.m_strDataFolder = folder.Path("");
+        event.m_strDataFolder = folder.Path("new/data/"); // which is not there yet
         Person().m_series.RemoveAll();
     }
 
