@@ -22,12 +22,9 @@ namespace {
 
 /// What is for others to carry out.
 constexpr std::array ForOthers = {
-    ECommand::Exit,           ECommand::Print,
-    ECommand::PrintPreview,   ECommand::PrintSetup,
-    ECommand::Copy,           ECommand::Paste,
-    ECommand::Fields,         ECommand::ShowTrackPoints,
-    ECommand::ZoomIn,         ECommand::ZoomOut,
-    ECommand::ZoomAll,        ECommand::ShowDivisionResults,
+    ECommand::Exit,   ECommand::Print,   ECommand::PrintPreview, ECommand::PrintSetup,
+    ECommand::Copy,   ECommand::Paste,   ECommand::Fields,       ECommand::ShowTrackPoints,
+    ECommand::ZoomIn, ECommand::ZoomOut, ECommand::ZoomAll,      ECommand::ShowDivisionResults,
 };
 
 /// The number of an external command; 0 for any other.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/EditHistory.h"
+#include "app/ImportLog.h"
 #include "app/Surroundings.h"
 #include "model/Event.h"
 #include "present/UpdateHub.h"
@@ -64,6 +65,7 @@ public:
     CUpdateHub m_hub;
     CViewSelection m_selection;
     CEditHistory m_history;
+    CImportLog m_importLog; ///< of the last command that read track files
 
 private:
     bool OpenProject(std::string_view strPath);

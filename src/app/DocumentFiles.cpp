@@ -70,10 +70,14 @@ bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
     // The competitors of before come back when none of the files can be used.
     CObjectArray<CPerson> before = std::exchange(m_event.m_persons, CObjectArray<CPerson>());
     CPerson& person = AddCompetitor(m_event, "");
+    m_importLog.Clear();
     for (const std::string& strPath : paths) {
         CImportMonitor monitor(&m_surroundings.desktop);
         EImportEnd end = EImportEnd::Complete;
-        if (AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress) != nullptr)
+        const CSeries* pSeries =
+            AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress);
+        m_importLog.Add(strPath, pSeries == nullptr ? 0 : pSeries->m_points.GetCount(), monitor, end);
+        if (pSeries != nullptr)
             continue;
         if (const std::string strText = EmptyImportText(monitor, strPath, end); !strText.empty())
             m_surroundings.desktop.ShowMessage(strText);

@@ -110,7 +110,7 @@ void ExtractTrack(CKestroDoc& document)
     std::filesystem::create_directories(FolderOf(created.m_strFileName), ignored);
     CImportMonitor monitor;
     if (!SaveTrackFile(monitor, created))
-        desktop.ShowMessage(FailureText(monitor, created.m_strFileName));
+        desktop.ShowMessage(FileFailureText(monitor, created.m_strFileName));
     recorder.Finish();
     selection.SelectSeries(person.m_series.GetCount() - 1, false, true);
     recorder.Keep();

@@ -7,9 +7,8 @@
 
 namespace kestrabel {
 
-/// Why a track file could not be read or written, for a message: its path and the reason, as far as the
-/// monitor knows it.
-std::string FailureText(const CImportMonitor& monitor, std::string_view strPath);
+/// Why a track file could not be read or written, for a message: its path and the reason.
+std::string FileFailureText(const CImportMonitor& monitor, std::string_view strPath);
 
 /// The same for an import that gave no point; empty when the user knows already: an unknown format was shown,
 /// or the user stopped.

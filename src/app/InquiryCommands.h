@@ -13,8 +13,8 @@ class CKestroDoc;
 /// The statistics of points chosen in the grid.
 void ShowSelectedProperties(CKestroDoc& document, std::span<CTrackPoint* const> points);
 
-/// The two-point calculator. It begins with the ends of the picked run, else with positions of its own and the
-/// current time.
+/// The two-point calculator. It begins with the ends of the picked run, else with positions of its own and
+/// the current time.
 void CalculateSpeed(CKestroDoc& document);
 
 } // namespace kestrabel

@@ -16,7 +16,7 @@ bool SaveSeries(CKestroDoc& document, CSeries& series)
     }
     CImportMonitor monitor;
     if (!SaveTrackFile(monitor, series)) {
-        desktop.ShowMessage(FailureText(monitor, series.m_strFileName));
+        desktop.ShowMessage(FileFailureText(monitor, series.m_strFileName));
         return false;
     }
     series.m_bModified = 0;

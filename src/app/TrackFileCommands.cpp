@@ -73,9 +73,7 @@ bool HasSeries(const CKestroDoc& document, int nPerson, int nSeries)
            nSeries < persons[nPerson].m_series.GetCount();
 }
 
-} // namespace
-
-bool ImportSeries(CKestroDoc& document, CPerson& person, std::string_view strPath, const SMoveTo* pMoveTo)
+bool ImportOne(CKestroDoc& document, CPerson& person, std::string_view strPath, const SMoveTo* pMoveTo)
 {
     CDesktop& desktop = document.m_surroundings.desktop;
     std::string strFile(strPath);
@@ -104,6 +102,7 @@ bool ImportSeries(CKestroDoc& document, CPerson& person, std::string_view strPat
     EImportEnd end = EImportEnd::Complete;
     const CSeries* pSeries =
         AddTrackFile(document.m_event, person, strFile, monitor, end, document.m_surroundings.progress);
+    document.m_importLog.Add(strFile, pSeries == nullptr ? 0 : pSeries->m_points.GetCount(), monitor, end);
     if (pSeries == nullptr) {
         std::error_code ignored;
         if (pMoveTo != nullptr)
@@ -120,10 +119,19 @@ bool ImportSeries(CKestroDoc& document, CPerson& person, std::string_view strPat
     return true;
 }
 
+} // namespace
+
+bool ImportSeries(CKestroDoc& document, CPerson& person, std::string_view strPath, const SMoveTo* pMoveTo)
+{
+    document.m_importLog.Clear();
+    return ImportOne(document, person, strPath, pMoveTo);
+}
+
 bool ImportSeveral(CKestroDoc& document, CPerson& person, std::span<const std::string> paths)
 {
+    document.m_importLog.Clear();
     return std::ranges::all_of(
-        paths, [&](const std::string& strPath) { return ImportSeries(document, person, strPath); });
+        paths, [&](const std::string& strPath) { return ImportOne(document, person, strPath, nullptr); });
 }
 
 void ImportTrackFiles(CKestroDoc& document)
@@ -239,7 +247,7 @@ void ReloadSeries(CKestroDoc& document, int nSeries)
         series.m_bModified = 0;
     } else {
         series.m_points = std::move(before);
-        document.m_surroundings.desktop.ShowMessage(FailureText(monitor, series.m_strFileName));
+        document.m_surroundings.desktop.ShowMessage(FileFailureText(monitor, series.m_strFileName));
     }
     RecalculateTrackPoints(document.m_event, person, series, document.m_surroundings.progress);
     document.ShowNewTree();
