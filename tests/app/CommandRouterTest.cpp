@@ -221,7 +221,7 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     for (int i = 0; i < 4; ++i)
         world.Do(ECommand::Undo);
     EXPECT_EQ(world.Divisions(), strDivisions);
-    EXPECT_EQ(world.router.TextOf({"&Redo\tCtrl+Y", ECommand::Redo}), "&Redo Move Up\tCtrl+Y");
+    EXPECT_EQ(world.router.TextOf({"&Redo\tCtrl+Shift+Z", ECommand::Redo}), "&Redo Move Up\tCtrl+Shift+Z");
     EXPECT_EQ(world.router.TextOf({"&Undo\tCtrl+Z", ECommand::Undo}), "&Undo\tCtrl+Z")
         << "reloading a file ended what could be undone";
 
