@@ -71,13 +71,5 @@ TEST(Pcx5Writer, LinesAndTheirPointsAgain)
     EXPECT_EQ(monitor.IssueCount(), 0);
 }
 
-TEST(Pcx5Writer, NoPointsGiveTheHead)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    ASSERT_TRUE(WritePcx5(monitor, folder.Path("a.trk"), CObjectArray<CTrackPoint>()));
-    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("a.trk")), Head);
-}
-
 } // namespace
 } // namespace kestrabel::test
