@@ -131,6 +131,8 @@ inline std::unique_ptr<CSeries> MakeRandomTrack(CRandom& random, const CEvent& e
     detail::SRider rider;
     CPosition position = MakePosition(random.Between(-50.0, 60.0), random.Between(-170.0, 170.0));
     double dSecond = 36000.0;
+    // Some tracks cross into the year 2000, before which no time is trusted.
+    const double dDay = random.Chance(0.1) ? 36525.58 : 45444.0;
     int nAltitude = 3;
     for (int i = 0; i < nPoints; ++i) {
         if (random.Chance(0.04))
@@ -148,9 +150,9 @@ inline std::unique_ptr<CSeries> MakeRandomTrack(CRandom& random, const CEvent& e
         CTrackPoint& point = *pPoint;
         if (faults.bStale)
             detail::MakeStale(random, point);
-        point.m_time = DATE(45444.0 + dSecond / 86400.0);
+        point.m_time = DATE(dDay + dSecond / 86400.0);
         if (random.Chance(faults.dTime * 0.05))
-            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(random.OneOf({36525.5, 36526.0}));
+            point.m_time = random.Chance(0.5) ? DATE::MakeInvalid() : DATE(36525.0);
         point.m_position = position;
         if (random.Chance(faults.dSpike))
             point.m_position.m_dLatitude += random.Between(-0.0005, 0.0005);

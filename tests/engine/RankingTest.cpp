@@ -122,6 +122,9 @@ TEST_F(Ranking, TheLeaderboardHasEachCompetitorsBest)
     AddFound(m_benOne, "500 m", 56, 150, 170);
     EXPECT_EQ(Leaderboard(), "3 Cid 0, 2 Ben 56, 1 Ann 56")
         << "of equal bests the earlier start stands behind";
+    AddFound(m_annOne, "500 m", 56, 50, 70);
+    EXPECT_EQ(Leaderboard(), "3 Cid 0, 2 Ann 56, 1 Ben 56")
+        << "and of one competitor's the first file's counts";
 }
 
 TEST_F(Ranking, AllResultsAreBlocksFromTheLastToTheFirst)

@@ -5,7 +5,6 @@
 #include "formats/SirfBytes.h"
 #include "support/TemporaryFolder.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace kestrabel::test {
@@ -45,20 +44,6 @@ std::string Header(std::string_view payload)
 const std::string GoodHeader = Header("\xFD"
                                       "RODNEY,83,5,V1.0");
 
-TEST(BinaryLogReader, RecordsBehindTheHeader)
-{
-    const SRead read(GoodHeader + RecordAt(1) + RecordAt(2));
-    EXPECT_EQ(read.end, EReadEnd::Complete);
-    EXPECT_EQ(PointTexts(read.series.m_points),
-              (std::vector<std::string>{"2024-06-01T10:00:01 48.5 11.5 sats=5",
-                                        "2024-06-01T10:00:02 48.5 11.5 sats=5"}));
-    EXPECT_EQ(read.series.m_strIdentifier, "RODNEY");
-    EXPECT_EQ(read.series.m_strSerialNo, "83");
-    EXPECT_EQ(read.series.m_nLogRate, 5);
-    EXPECT_EQ(read.series.m_strFirmware, "V1.0");
-    EXPECT_EQ(read.series.m_strInfo, "");
-}
-
 TEST(BinaryLogReader, Headers)
 {
     std::string littleEndian = GoodHeader;
@@ -78,16 +63,7 @@ TEST(BinaryLogReader, Headers)
         {"none", records, "1 2 3 ", ""},
         {"little-endian", littleEndian + records, "1 2 3 ", "RODNEY"},
         {"any start", "zz" + GoodHeader.substr(2) + records, "1 2 3 ", "RODNEY"},
-        {"any message",
-         Header("\x29"
-                "ID,1") +
-             records,
-         "1 2 3 ", "ID"},
-        {"the shortest",
-         Header("\xFD"
-                "I") +
-             records,
-         "1 2 3 ", "I"},
+        {"any message", Header(")ID,1") + records, "1 2 3 ", "ID"},
         {"as long as it can be", Header("\xFD" + std::string(53, 'i')) + records, "1 2 3 ",
          "iiiiiiiiiiiiiiiiiiiiiiiiiiiiiii"},
         // Its bytes are then taken as two records, in which FF tells that there is no fix.
@@ -100,11 +76,11 @@ TEST(BinaryLogReader, Headers)
         EXPECT_EQ(read.Seconds(), test.pSeconds) << test.pWhat;
         EXPECT_EQ(read.series.m_strIdentifier, test.pIdentifier) << test.pWhat;
     }
-    // A frame may reach beyond the header and even the file's end does not matter then; the records do not
-    // move.
+    EXPECT_EQ(PointText(SRead(RecordAt(1)).series.m_points[0]), "2024-06-01T10:00:01 48.5 11.5 sats=5");
+    // A frame may reach beyond the header; the records do not move.
     const SRead read(std::string(2, '.') + Frame("\xFD" + std::string(200, 'i')) + RecordAt(0));
     EXPECT_EQ(read.series.m_strIdentifier, std::string(31, 'i'));
-    for (const std::size_t nLength : {std::size_t(0), std::size_t(1), std::size_t(257), std::size_t(65535)}) {
+    for (const std::size_t nLength : {0U, 1U, 257U, 65535U}) {
         const SRead bad(std::string(2, '.') + Frame(std::string(nLength, 'i'), nLength) + RecordAt(1));
         EXPECT_EQ(bad.series.m_strIdentifier, "") << nLength;
     }
@@ -118,10 +94,8 @@ TEST(BinaryLogReader, PointsStandInOrderOfTime)
             bytes += nSecond == 0 ? Record(0) : RecordAt(nSecond);
         return SRead(bytes).Seconds();
     };
-    EXPECT_EQ(Order({1, 2, 3}), "1 2 3 ");
     EXPECT_EQ(Order({5, 4, 3, 2, 1}), "1 2 3 4 5 ");
     EXPECT_EQ(Order({1, 9, 2, 3}), "1 2 3 9 ");
-    EXPECT_EQ(Order({2, 2, 1, 1}), "1 1 2 2 ");
     EXPECT_EQ(Order({2, 0, 1}), "- 1 2 ") << "no date stands before all dates";
 
     // Those of equal time stay in file order.
@@ -145,11 +119,8 @@ TEST(BinaryLogReader, BackwardsIsNotQuadratic)
         bytes += Record(Packed(24 * 12 + 6, 1 + n / 86400, n / 3600 % 24, n / 60 % 60, n % 60));
     const SRead read(bytes);
     ASSERT_EQ(read.series.m_points.GetCount(), static_cast<int>(nRecords));
-    const auto& points = read.series.m_points;
-    EXPECT_TRUE(
-        std::is_sorted(points.begin(), points.end(), [](const CTrackPoint* pOne, const CTrackPoint* pOther) {
-            return pOne->m_time.m_dDays < pOther->m_time.m_dDays;
-        }));
+    for (int i = 1; i < static_cast<int>(nRecords); ++i)
+        ASSERT_LT(read.series.m_points[i - 1].m_time.m_dDays, read.series.m_points[i].m_time.m_dDays);
 }
 
 TEST(BinaryLogReader, RefusedRecordsArePassedOver)
@@ -178,28 +149,6 @@ TEST(BinaryLogReader, EveryTruncationKeepsThePointsSoFar)
             << nSize;
         ASSERT_EQ(read.series.m_strIdentifier, nSize < nFrameEnd ? "" : "RODNEY") << nSize;
     }
-}
-
-TEST(BinaryLogReader, StopsWhenTheMonitorIsAborted)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    monitor.Abort();
-    CSeries series;
-    EXPECT_EQ(ReadBinaryLog(monitor, folder.Write("a.sbp", RecordAt(1)), series, series.m_points),
-              EReadEnd::Stopped);
-    EXPECT_TRUE(series.m_points.IsEmpty());
-}
-
-TEST(BinaryLogReader, OpenFailure)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    CSeries series;
-    const std::string strPath = folder.Path("missing.sbp");
-    EXPECT_EQ(ReadBinaryLog(monitor, strPath, series, series.m_points), EReadEnd::Failed);
-    EXPECT_EQ(monitor.Message(), strPath + ": The file could not be located");
-    EXPECT_TRUE(monitor.IsAborted());
 }
 
 } // namespace

@@ -67,19 +67,6 @@ TEST(GardownReader, TheFirstReadableLineDecidesTheLayout)
     }
 }
 
-TEST(GardownReader, EveryTruncationKeepsThePointsSoFar)
-{
-    const std::string bytes = Seven + Seven;
-    for (std::size_t nSize = 0; nSize <= bytes.size(); ++nSize) {
-        const SRead read(std::string_view(bytes).substr(0, nSize));
-        // A line is whole from the first digit of its year on.
-        const std::size_t nEnough = Seven.size() - 5;
-        const int nExpected = (nSize >= nEnough ? 1 : 0) + (nSize >= Seven.size() + nEnough ? 1 : 0);
-        ASSERT_EQ(read.points.GetCount(), nExpected) << nSize;
-        ASSERT_EQ(read.end, EReadEnd::Complete) << nSize;
-    }
-}
-
 TEST(GardownReader, TrackMarksAreNoTrackLines)
 {
     const CTemporaryFolder folder;
@@ -98,19 +85,6 @@ TEST(GardownReader, TrackMarksAreNoTrackLines)
     EXPECT_EQ(ReadGardown(monitor, strPath, read), EReadEnd::Complete);
     EXPECT_TRUE(read.IsEmpty());
     EXPECT_EQ(monitor.IssueCount(), 0);
-}
-
-TEST(GardownReader, OpenFailureAndAbort)
-{
-    const CTemporaryFolder folder;
-    CObjectArray<CTrackPoint> points;
-    CImportMonitor missing;
-    EXPECT_EQ(ReadGardown(missing, folder.Path("a.gtr"), points), EReadEnd::Failed);
-    EXPECT_EQ(missing.Message(), folder.Path("a.gtr") + ": The file could not be located");
-    CImportMonitor aborted;
-    aborted.Abort();
-    EXPECT_EQ(ReadGardown(aborted, folder.Write("a.gtr", Nine), points), EReadEnd::Stopped);
-    EXPECT_TRUE(points.IsEmpty());
 }
 
 } // namespace

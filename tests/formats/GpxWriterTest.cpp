@@ -2,8 +2,6 @@
 
 #include "formats/GpxReader.h"
 #include "formats/PointText.h"
-#include "formats/ScriptedPrompt.h"
-#include "support/SmallDisk.h"
 #include "support/TemporaryFolder.h"
 #include "support/Track.h"
 
@@ -141,29 +139,6 @@ TEST(GpxWriter, AnyNameAndEveryValueCanBeReadBack)
     CObjectArray<CTrackPoint> back;
     ASSERT_EQ(ReadGpx(monitor, folder.Write("a", strText), back), EReadEnd::Complete);
     EXPECT_TRUE(PointTexts(back) == texts);
-}
-
-TEST(GpxWriter, AFailureLeavesTheOldFileAndIsReported)
-{
-    CEvent event;
-    CSeries& series = AddSeries(event, "a");
-    for (int n = 0; n < 3000; ++n)
-        AddPoint(series, n, 1.0, 2.0, 0.0);
-    const CTemporaryFolder folder;
-    const std::string strOld = folder.Write("run.gpx", "old");
-    CScriptedPrompt prompt;
-    CImportMonitor monitor(&prompt);
-    EXPECT_FALSE(WriteGpx(monitor, strOld + "/a.gpx", series.m_points));
-    EXPECT_EQ(monitor.Message(), strOld + "/a.gpx: All or part of the path is invalid");
-    EXPECT_EQ(prompt.m_shown, std::vector<std::string>{"All or part of the path is invalid"});
-    // A full disk, at once and one byte before the end.
-    for (const std::size_t nLimit : {std::size_t(0), Written(event, false).size() - 1}) {
-        const CSmallDisk disk(nLimit);
-        CImportMonitor silent;
-        EXPECT_FALSE(WriteGpx(silent, strOld, series.m_points)) << nLimit;
-        EXPECT_TRUE(silent.IsAborted() && silent.Message() == "Failed to write file");
-        EXPECT_EQ(CTemporaryFolder::Read(strOld), "old") << nLimit;
-    }
 }
 
 } // namespace

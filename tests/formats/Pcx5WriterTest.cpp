@@ -73,13 +73,5 @@ TEST(Pcx5Writer, LinesAndTheirPointsAgain)
         monitor.Issues()[0].strReason.starts_with("2 points with a time that is not from 1950 to 2049"));
 }
 
-TEST(Pcx5Writer, NoPointsGiveTheHead)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    ASSERT_TRUE(WritePcx5(monitor, folder.Path("a.trk"), CObjectArray<CTrackPoint>()));
-    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("a.trk")), Head);
-}
-
 } // namespace
 } // namespace kestrabel::test

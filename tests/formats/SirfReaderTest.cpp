@@ -34,39 +34,25 @@ TEST(SirfReader, OnePointPerTimeInFileOrder)
     PutAt<std::uint16_t>(strFaster, 40, 1000);
     std::string strNoDate = Navigation(1000);
     strNoDate[13] = 0;
+    const std::string one = Frame(Navigation(1000)), two = Frame(Navigation(2000)),
+                      three = Frame(Navigation(3000));
+    const std::string faster = Frame(strFaster), noDate = Frame(strNoDate);
+    const std::string At1 = Second + "1" + Where, At2 = Second + "2" + Where, At3 = Second + "3" + Where;
+    const std::string Faster = At2 + " dop=36";
     const struct
     {
         const char* pWhat;
         std::string bytes;
         CTexts points;
-    } cases[] = {
-        {"two",
-         Frame(Navigation(1000)) + Frame(Navigation(2000)),
-         {Second + "1" + Where, Second + "2" + Where}},
-        {"backwards",
-         Frame(Navigation(2000)) + Frame(Navigation(1000)),
-         {Second + "2" + Where, Second + "1" + Where}},
-        {"same time", Frame(Navigation(2000)) + Frame(strFaster), {Second + "2" + Where + " dop=36"}},
-        {"a third of another time between",
-         Frame(strFaster) + Frame(Navigation(3000)) + Frame(strFaster),
-         {Second + "2" + Where + " dop=36", Second + "3" + Where, Second + "2" + Where + " dop=36"}},
-        {"other messages between do not part them",
-         Frame(strFaster) + Frame("\x02xyz") + Frame("\x07x") + Frame(strFaster),
-         {Second + "2" + Where + " dop=36"}},
-        {"no date is another time",
-         Frame(Navigation(1000)) + Frame(strNoDate) + Frame(strNoDate),
-         {Second + "1" + Where, "invalid" + Where}},
-        {"a short one gives nothing",
-         Frame(Navigation(1000, 90)) + Frame(Navigation(2000)),
-         {Second + "2" + Where}},
-        {"nor does it part two",
-         Frame(strFaster) + Frame(Navigation(9000, 20)) + Frame(strFaster),
-         {Second + "2" + Where + " dop=36"}},
-        {"only the ID counts",
-         Frame(std::string("\x29\xFF", 2) + Navigation(4000).substr(2)),
-         {Second + "4" + Where}},
-        {"others alone", Frame("\x02xyz") + Frame("\x2A" + Navigation(1000)), {}},
-    };
+    } cases[] = {{"backwards", two + one, {At2, At1}},
+                 {"same time", two + faster, {Faster}},
+                 {"a third of another time between", faster + three + faster, {Faster, At3, Faster}},
+                 {"other messages between", faster + Frame("\x02xyz") + Frame("\x07x") + faster, {Faster}},
+                 {"no date is another time", one + noDate + noDate, {At1, "invalid" + Where}},
+                 {"a short one gives nothing", Frame(Navigation(1000, 90)) + two, {At2}},
+                 {"nor does it part two", faster + Frame(Navigation(9000, 20)) + faster, {Faster}},
+                 {"only the ID counts", Frame("\x29\xFF" + Navigation(3000).substr(2)), {At3}},
+                 {"others alone", Frame("\x02xyz") + Frame("\x2A" + Navigation(1000)), {}}};
     for (const auto& test : cases) {
         const SRead read(test.bytes);
         EXPECT_EQ(read.Points(), test.points) << test.pWhat;
@@ -75,25 +61,18 @@ TEST(SirfReader, OnePointPerTimeInFileOrder)
     }
 }
 
-TEST(SirfReader, OfTheSameTimeALongMessageKeepsItsSecondSpeed)
+TEST(SirfReader, DeviceFieldsAndTheSecondSpeedOfALongMessage)
 {
     std::string strLong = Navigation(1000, 95);
     PutAt<std::uint16_t>(strLong, 91, 1000);
-    const SRead read(Frame(strLong) + Frame(Navigation(1000)));
-    ASSERT_EQ(read.series.m_points.GetCount(), 1);
-    EXPECT_EQ(read.series.m_points[0].m_dUSOG, 36.0);
-}
-
-TEST(SirfReader, DeviceFields)
-{
-    const SRead read(Frame("\xFD"
-                           "GT,83,5,V1.4,Logger") +
-                     Frame(Navigation(0)));
-    EXPECT_EQ(read.series.m_strIdentifier, "GT");
-    EXPECT_EQ(read.series.m_strSerialNo, "83");
-    EXPECT_EQ(read.series.m_nLogRate, 5);
-    EXPECT_EQ(read.series.m_strFirmware, "V1.4");
-    EXPECT_EQ(read.series.m_strInfo, "Logger");
+    const SRead read(Frame("\xFD" + std::string("GT,83,5,V1.4,Logger")) + Frame(strLong) +
+                     Frame(Navigation(1000)));
+    const CSeries& series = read.series;
+    EXPECT_EQ(series.m_strIdentifier + series.m_strSerialNo + series.m_strFirmware + series.m_strInfo,
+              "GT83V1.4Logger");
+    EXPECT_EQ(series.m_nLogRate, 5);
+    ASSERT_EQ(series.m_points.GetCount(), 1);
+    EXPECT_EQ(series.m_points[0].m_dUSOG, 36.0);
 }
 
 TEST(SirfReader, NoMessageIsAFailure)
@@ -111,9 +90,7 @@ TEST(SirfReader, NoMessageIsAFailure)
 TEST(SirfReader, BadLengthEndsReadingAndIsNoted)
 {
     const std::string strGood = Frame(Navigation(1000));
-    for (const std::size_t nLength :
-         {std::size_t(0), std::size_t(1), std::size_t(513), std::size_t(1025), std::size_t(65535)})
-    {
+    for (const std::size_t nLength : {0U, 1U, 513U, 65535U}) {
         const SRead read(strGood + Frame(std::string(nLength, 'x')) + Frame(Navigation(2000)));
         EXPECT_EQ(read.end, EReadEnd::Complete);
         EXPECT_EQ(read.Points(), CTexts{Second + "1" + Where}) << nLength;
@@ -124,37 +101,14 @@ TEST(SirfReader, BadLengthEndsReadingAndIsNoted)
 
 TEST(SirfReader, EveryTruncationKeepsThePointsSoFar)
 {
-    const std::string bytes = Frame("\xFD"
-                                    "a,b,1,c,d") +
-                              Frame(Navigation(1000)) + "noise" + Frame(Navigation(2000, 95));
+    const std::string bytes = Frame("\xFD" + std::string("a,b,1,c,d")) + Frame(Navigation(1000)) + "noise" +
+                              Frame(Navigation(2000, 95));
     for (std::size_t nSize = 0; nSize <= bytes.size(); ++nSize) {
         const SRead read(bytes.substr(0, nSize));
         const int nExpected = (nSize >= 18 + 99 ? 1 : 0) + (nSize == bytes.size() ? 1 : 0);
         ASSERT_EQ(read.series.m_points.GetCount(), nExpected) << nSize;
         ASSERT_EQ(read.end, nSize >= 18 ? EReadEnd::Complete : EReadEnd::Failed) << nSize;
     }
-}
-
-TEST(SirfReader, StopsWhenTheMonitorIsAborted)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    monitor.Abort();
-    CSeries series;
-    const std::string strPath = folder.Write("a.sbn", Frame(Navigation(0)));
-    EXPECT_EQ(ReadSirf(monitor, strPath, series, series.m_points), EReadEnd::Stopped);
-    EXPECT_TRUE(series.m_points.IsEmpty());
-}
-
-TEST(SirfReader, OpenFailure)
-{
-    const CTemporaryFolder folder;
-    CImportMonitor monitor;
-    CSeries series;
-    const std::string strPath = folder.Path("missing.sbn");
-    EXPECT_EQ(ReadSirf(monitor, strPath, series, series.m_points), EReadEnd::Failed);
-    EXPECT_EQ(monitor.Message(), strPath + ": The file could not be located");
-    EXPECT_TRUE(monitor.IsAborted());
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "formats/BinaryLogWriter.h"
+#include "formats/GpxWriter.h"
 #include "formats/Pcx5Writer.h"
 #include "formats/ScriptedPrompt.h"
 #include "formats/TrackMarksWriter.h"
@@ -27,21 +28,15 @@ struct SWriter
 
 const std::vector<SWriter> Writers = {
     {"binary log",
-     [](CImportMonitor& monitor, const std::string& strPath, const CSeries& series) {
-         return WriteBinaryLog(monitor, series, strPath, series.m_points);
-     },
+     [](auto& monitor, auto& strPath, auto& s) { return WriteBinaryLog(monitor, s, strPath, s.m_points); },
      "Failed to write file", false},
-    {"PCX5",
-     [](CImportMonitor& monitor, const std::string& strPath, const CSeries& series) {
-         return WritePcx5(monitor, strPath, series.m_points);
-     },
+    {"PCX5", [](auto& monitor, auto& strPath, auto& s) { return WritePcx5(monitor, strPath, s.m_points); },
      "Failed to write file", true},
     {"track marks",
-     [](CImportMonitor& monitor, const std::string& strPath, const CSeries& series) {
-         return WriteTrackMarks(monitor, strPath, series.m_points);
-     },
+     [](auto& monitor, auto& strPath, auto& s) { return WriteTrackMarks(monitor, strPath, s.m_points); },
      "Failed to write track marks", false},
-};
+    {"GPX", [](auto& monitor, auto& strPath, auto& s) { return WriteGpx(monitor, strPath, s.m_points); },
+     "Failed to write file", true}};
 
 void FillSeries(CSeries& series)
 {

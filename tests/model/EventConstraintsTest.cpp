@@ -3,6 +3,7 @@
 #include "support/Track.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace kestrabel::test {
 namespace {
@@ -17,45 +18,25 @@ protected:
     std::unique_ptr<CTrackPoint> m_pPoint = MakePoint(1.0, 45.0, 7.0);
 };
 
-TEST_F(EventConstraints, TheRegionsBoundsBelongToIt)
-{
-    m_event.m_posNorthWest = MakePosition(46.0, 7.0);
-    m_event.m_posSouthEast = MakePosition(45.0, 8.0);
-    const struct
-    {
-        double dLatitude;
-        double dLongitude;
-        bool bWithin;
-    } cases[] = {{45.5, 7.5, true},    {45.0, 7.0, true},    {46.0, 8.0, true},   {44.999, 7.5, false},
-                 {46.001, 7.5, false}, {45.5, 6.999, false}, {45.5, 8.001, false}};
-    for (const auto& test : cases) {
-        m_pPoint->m_position = MakePosition(test.dLatitude, test.dLongitude);
-        m_event.m_bConstrainRegion = 1;
-        EXPECT_EQ(IsWithin(), test.bWithin) << test.dLatitude << ' ' << test.dLongitude;
-        m_event.m_bConstrainRegion = 0;
-        EXPECT_TRUE(IsWithin());
-    }
-}
-
-TEST_F(EventConstraints, TheFirstAndTheLastMomentBelongToTheDates)
+TEST_F(EventConstraints, TheBoundsBelongToRegionAndDates)
 {
     const double dTime = m_pPoint->m_time.m_dDays;
-    const struct
-    {
-        double dStart;
-        double dEnd;
-        bool bWithin;
-    } cases[] = {{dTime - 1, dTime + 1, true},
-                 {dTime, dTime, true},
-                 {dTime + 1e-6, dTime + 1, false},
-                 {dTime - 1, dTime - 1e-6, false}};
-    for (const auto& test : cases) {
-        m_event.m_dateStart = DATE(test.dStart);
-        m_event.m_dateEnd = DATE(test.dEnd);
-        m_event.m_bConstrainDates = 1;
-        EXPECT_EQ(IsWithin(), test.bWithin) << test.dStart - dTime << ' ' << test.dEnd - dTime;
-        m_event.m_bConstrainDates = 0;
-        EXPECT_TRUE(IsWithin());
+    m_event.m_posNorthWest = MakePosition(46.0, 7.0);
+    m_event.m_posSouthEast = MakePosition(45.0, 8.0);
+    m_event.m_dateStart = m_event.m_dateEnd = m_pPoint->m_time;
+    const std::tuple<double, double, double, bool, bool> cases[] = {
+        {45.0, 7.0, 0, true, true},     {46.0, 8.0, 0, true, true},     {44.999, 7.5, 0, false, true},
+        {46.001, 7.5, 0, false, true},  {45.5, 6.999, 0, false, true},  {45.5, 8.001, 0, false, true},
+        {45.5, 7.5, 1e-6, true, false}, {45.5, 7.5, -1e-6, true, false}};
+    for (const auto& [dLatitude, dLongitude, dDays, bInRegion, bInDates] : cases) {
+        m_pPoint->m_position = MakePosition(dLatitude, dLongitude);
+        m_pPoint->m_time = DATE(dTime + dDays);
+        for (int i = 0; i < 4; ++i) {
+            m_event.m_bConstrainRegion = i & 1;
+            m_event.m_bConstrainDates = i >> 1;
+            EXPECT_EQ(IsWithin(), (bInRegion || i % 2 == 0) && (bInDates || i < 2))
+                << dLatitude << dLongitude;
+        }
     }
 }
 
