@@ -3,7 +3,6 @@
 #include "app/Document.h"
 
 #include <algorithm>
-#include <ranges>
 #include <set>
 
 namespace kestrabel {
@@ -36,8 +35,8 @@ void SwapForth(const SEditStep& step)
 
 void SwapBack(const SEditStep& step)
 {
-    for (const auto& pChange : step.changes | std::views::reverse)
-        pChange->Swap();
+    for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change)
+        (*change)->Swap();
 }
 
 /// Makes the results and derived points follow what the changes of a step have just done or taken back.
@@ -127,7 +126,7 @@ bool CEditHistory::Undo(CKestroDoc& document)
     const std::vector<const SEditStep*> marks = MarksNotDerived(step);
     std::ranges::for_each(marks, [](const SEditStep* pMarks) { SwapBack(*pMarks); });
     Follow(document, step);
-    std::ranges::for_each(marks | std::views::reverse, [](const SEditStep* pMarks) { SwapForth(*pMarks); });
+    std::for_each(marks.rbegin(), marks.rend(), [](const SEditStep* pMarks) { SwapForth(*pMarks); });
     document.SetModifiedFlag(step.mark.bBefore);
     Show(document, step.before);
     return true;

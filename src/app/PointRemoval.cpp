@@ -111,7 +111,7 @@ void DeletePoints(CKestroDoc& document, std::span<CTrackPoint* const> points)
         if (found == indices.end())
             continue;
         std::ranges::sort(found->second);
-        found->second.erase(std::ranges::unique(found->second).begin(), found->second.end());
+        found->second.erase(std::unique(found->second.begin(), found->second.end()), found->second.end());
         Remove(recorder, *pPerson, *pSeries, std::move(found->second));
     }
     recorder.MarkDocument();

@@ -1,6 +1,5 @@
 #include "present/EditCompetitorDialog.h"
 
-#include <ranges>
 
 namespace kestrabel {
 
@@ -28,8 +27,8 @@ void SEditCompetitorDialog::ApplyTo(CPerson& person) const
 
 void SEditCompetitorDialog::RemoveDivisions(std::span<const int> selected)
 {
-    for (const int nRow : selected | std::views::reverse)
-        divisionNames.erase(divisionNames.begin() + nRow);
+    for (auto row = selected.rbegin(); row != selected.rend(); ++row)
+        divisionNames.erase(divisionNames.begin() + *row);
 }
 
 } // namespace kestrabel

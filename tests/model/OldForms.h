@@ -54,7 +54,8 @@ void PutField(CArchiveBytes& bytes, V& member, EForm form, int nPlace)
         if (form == EForm::Double)
             bytes.Double(dValue);
         else
-            form == EForm::Byte ? bytes.Byte(nValue) : bytes.Dword(nValue);
+            form == EForm::Byte ? bytes.Byte(static_cast<std::uint64_t>(nValue))
+                                : bytes.Dword(static_cast<std::uint64_t>(nValue));
     }
 }
 
@@ -79,7 +80,8 @@ public:
 
     void AddUnused(int nBytes)
     {
-        AddField([=](CArchiveBytes& bytes, T&, int) { bytes.Raw(std::string(nBytes, 'u')); },
+        AddField([=](CArchiveBytes& bytes, T&,
+                     int) { bytes.Raw(std::string(static_cast<std::size_t>(nBytes), 'u')); },
                  [](const T&, const T&) { return true; });
     }
 
