@@ -1,6 +1,5 @@
 #include "present/EditCompetitorDialog.h"
 
-
 namespace kestrabel {
 
 SEditCompetitorDialog SEditCompetitorDialog::From(const CEvent& event, const CPerson& person)
