@@ -213,6 +213,12 @@ bool CCommandRouter::OnFocus(ECommand command)
     }
 }
 
+void CCommandRouter::DeletePointBeforeFocus()
+{
+    ShowFocusFile();
+    DeletePoint(m_document, static_cast<int>(m_document.m_selection.m_dFocusPoint) - 1);
+}
+
 /// Division results list runs of all files: the run picked last, and with it the focus, may be in another
 /// file than the selected one, on which the commands act by index.
 void CCommandRouter::ShowFocusFile()

@@ -63,6 +63,9 @@ public:
 
     /// False, and nothing happened, when the command is not available.
     bool CarryOut(ECommand command, const SCommandPlace& place = {});
+    /// What Backspace does in the track-point grid.
+    void DeletePointBeforeFocus();
+
     SCommandState State(ECommand command, const SCommandPlace& place = {}) const;
 
     /// The item's text now: commands have the user's names, and undo tells what.

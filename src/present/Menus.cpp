@@ -276,6 +276,22 @@ std::string_view ShortcutOf(std::string_view strMenuText)
     return nBegin == std::string_view::npos ? std::string_view() : strMenuText.substr(nBegin);
 }
 
+std::vector<SShortcut> Shortcuts()
+{
+    std::vector<SShortcut> shortcuts;
+    for (const SMenu& menu : Menus) {
+        for (const SMenuItem& item : menu.items) {
+            std::string_view strKey = ShortcutOf(item.strText);
+            if (strKey == "Cntrl+Alt+D") // as the menu spells it
+                strKey = "Ctrl+Alt+D";
+            const bool bKey = strKey.starts_with("Ctrl+");
+            if (bKey && std::ranges::find(shortcuts, strKey, &SShortcut::strKey) == shortcuts.end())
+                shortcuts.push_back({strKey, item.command});
+        }
+    }
+    return shortcuts;
+}
+
 std::string_view PromptOf(ECommand command)
 {
     const auto pFound = std::ranges::find(Prompts, command, &SPrompt::command);

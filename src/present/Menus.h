@@ -4,6 +4,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace kestrabel {
 
@@ -48,6 +49,16 @@ std::span<const ECommand> Toolbar();
 std::string_view LabelOf(std::string_view strMenuText);
 /// The shortcut's label, such as "Ctrl+O"; empty when there is none.
 std::string_view ShortcutOf(std::string_view strMenuText);
+
+struct SShortcut
+{
+    std::string_view strKey; ///< "Ctrl+Alt+D"
+    ECommand command;
+};
+
+/// The keys that act wherever the focus is: those that the main menu shows. Of two items with the same one the
+/// first has it.
+std::vector<SShortcut> Shortcuts();
 
 /// What a command does, in a few words: for the status bar and as the tip of a toolbar button. Empty for a
 /// separator.

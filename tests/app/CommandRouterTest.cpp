@@ -86,6 +86,22 @@ private:
     }
 };
 
+TEST(CommandRouter, TheFirstItemThatShowsAKeyHasIt)
+{
+    std::string strKeys;
+    for (const SShortcut& shortcut : Shortcuts())
+        strKeys += std::string(shortcut.strKey) + " " + std::string(PromptOf(shortcut.command)) + "\n";
+    EXPECT_EQ(strKeys, "Ctrl+O Open a project or track files\n"
+                       "Ctrl+S Save the current track file or project\n"
+                       "Ctrl+A Save the current track file or the project under a new name\n"
+                       "Ctrl+T Write the points of the current track file to another file\n"
+                       "Ctrl+P Print the track-point grid\n"
+                       "Ctrl+Z Undo the last change\n"
+                       "Ctrl+Shift+Z Do again what was undone\n"
+                       "Ctrl+D Delet the invalid points from the selected track file\n"
+                       "Ctrl+Alt+D Show or hide the project tree\n");
+}
+
 TEST(CommandRouter, NoItemIsDead)
 {
     SRoutedWorld world;

@@ -4,18 +4,16 @@
 #include "model/EventSettings.h"
 #include "model/OldForms.h"
 #include "model/StoredForms.h"
+#include "support/KilledSave.h"
 #include "support/SmallDisk.h"
 #include "support/TemporaryFolder.h"
 #include "support/Track.h"
 
-#include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <random>
 #include <sys/resource.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 
 namespace kestrabel::test {
@@ -403,32 +401,9 @@ TEST(ProjectFile, KilledWhileSavingItIsTheOldOneOrTheNewOne)
     const CTemporaryFolder folder;
     const std::string strPath = folder.Path("e.rsp");
     CEvent events[2] = {CEvent(DATE(1.0)), CEvent(DATE(1.0))};
-    const std::string wholes[2] = {LargeProject(events[0], 'a'), LargeProject(events[1], 'b')};
-    // The kills fall into the first few saves, however fast the machine is.
-    using CClock = std::chrono::steady_clock;
-    const CClock::time_point before = CClock::now();
-    SaveProject(strPath, events[0], std::string(30, 'a'));
-    const auto longest = 5 * std::chrono::duration_cast<std::chrono::microseconds>(CClock::now() - before);
-    ASSERT_TRUE(CTemporaryFolder::Read(strPath) == wholes[0]);
-
-    std::mt19937 random(7);
-    int nSeen[2] = {};
-    for (int i = 0; i < 60 || (nSeen[1] == 0 && i < 2000); ++i) { // a busy machine starts children late
-        const pid_t nChild = ::fork();
-        if (nChild == 0) {
-            for (unsigned nSave = 1;; ++nSave) {
-                const char cMark = nSave % 2 == 0 ? 'a' : 'b';
-                SaveProject(strPath, events[nSave % 2], std::string(30, cMark));
-            }
-        }
-        std::this_thread::sleep_for(longest * (static_cast<double>(random() % 1000) / 1000.0));
-        ::kill(nChild, SIGKILL);
-        ::waitpid(nChild, nullptr, 0);
-        const std::string bytes = CTemporaryFolder::Read(strPath);
-        ASSERT_TRUE(bytes == wholes[0] || bytes == wholes[1]) << "neither, after kill " << i;
-        ++nSeen[bytes == wholes[0] ? 0 : 1];
-    }
-    EXPECT_GT(nSeen[1], 0) << "no child came to save";
+    LargeProject(events[0], 'a');
+    LargeProject(events[1], 'b');
+    KillWhileSaving(strPath, 60, [&](int nContent) { SaveProject(strPath, events[nContent], "path"); });
 }
 
 } // namespace

@@ -1,0 +1,176 @@
+#include "ui/panes/GridView.h"
+
+#include "present/GridFieldsDialog.h"
+#include "ui/MenuBuilder.h"
+#include "ui/panes/GridModel.h"
+#include "ui/QtText.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace kestrabel {
+
+CGridView::CGridView(CGrid& grid, CTrackPointGrid* pPoints, CCommandRouter& router, CDesktop& desktop,
+                     QWidget* pParent)
+    : QTableView(pParent), m_grid(grid), m_pPoints(pPoints), m_router(router), m_desktop(desktop),
+      m_pModel(new CGridModel(grid, this))
+{
+    setModel(m_pModel);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers);
+    setWordWrap(false);
+    setShowGrid(false);
+    setTabKeyNavigation(false);
+    setVerticalScrollMode(ScrollPerItem);
+    setAccessibleName(pPoints != nullptr ? "Track points" : "Results");
+    // All rows are equally high, so that a million of them need no measuring.
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + fontMetrics().height() / 4);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CGridView::SortBy);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int nColumn, int, int nWidth) {
+        if (!m_bFilling && nColumn < m_grid.ColumnCount())
+            m_grid.SetColumnWidth(nColumn, nWidth);
+    });
+    m_grid.SetListener({.onFilled = [this](bool bColumns) { TakeOver(bColumns); },
+                        .onFollow = [this](int nRow) { Follow(nRow); }});
+    TakeOver(true);
+}
+
+CGridView::~CGridView()
+{
+    m_grid.SetListener({});
+}
+
+void CGridView::TakeOver(bool bColumns)
+{
+    const bool bBefore = std::exchange(m_bFilling, true);
+    m_pModel->Reset();
+    if (bColumns) {
+        for (int nColumn = 0; nColumn < m_grid.ColumnCount(); ++nColumn)
+            setColumnWidth(nColumn, m_grid.ColumnWidth(nColumn));
+    }
+    m_bFilling = bBefore;
+}
+
+void CGridView::Follow(int nRow)
+{
+    const bool bBefore = std::exchange(m_bFilling, true);
+    clearSelection();
+    if (nRow >= 0 && nRow < m_grid.RowCount()) {
+        const QModelIndex index = m_pModel->index(nRow, 0);
+        setCurrentIndex(index);
+        selectRow(nRow);
+        scrollTo(index);
+    }
+    m_bFilling = bBefore;
+}
+
+void CGridView::SortBy(int nColumn)
+{
+    const std::vector<int> selected = SelectedRows();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    Follow(m_grid.ClickHeader(nColumn, selected.empty() ? -1 : selected.front()));
+    QApplication::restoreOverrideCursor();
+}
+
+std::vector<int> CGridView::SelectedRows() const
+{
+    std::vector<int> rows;
+    // Ranges: a million selected rows are one.
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int nRow = range.top(); nRow <= range.bottom(); ++nRow)
+            rows.push_back(nRow);
+    }
+    std::ranges::sort(rows);
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+void CGridView::CopySelection() const
+{
+    QApplication::clipboard()->setText(ToQt(m_grid.RowsAsText(SelectedRows())));
+}
+
+void CGridView::ChooseFields()
+{
+    SGridFieldsDialog dialog = m_grid.FieldsDialog();
+    if (m_desktop.Run(dialog))
+        m_grid.ApplyFields(dialog);
+}
+
+SCommandPlace CGridView::Place(const std::vector<CTrackPoint*>& points) const
+{
+    SCommandPlace place;
+    place.pane = Pane();
+    place.points = points;
+    return place;
+}
+
+void CGridView::CarryOut(ECommand command)
+{
+    const std::vector<CTrackPoint*> points =
+        m_pPoints != nullptr ? m_pPoints->PointsOf(SelectedRows()) : std::vector<CTrackPoint*>();
+    m_router.CarryOut(command, Place(points));
+}
+
+bool CGridView::event(QEvent* pEvent)
+{
+    // In a list the platform's own keys come before the window's.
+    if (pEvent->type() == QEvent::ShortcutOverride) {
+        auto* pKey = static_cast<QKeyEvent*>(pEvent);
+        if (pKey->matches(QKeySequence::SelectAll) || pKey->matches(QKeySequence::Copy)) {
+            pEvent->accept();
+            return true;
+        }
+    }
+    return QTableView::event(pEvent);
+}
+
+void CGridView::keyPressEvent(QKeyEvent* pEvent)
+{
+    if (pEvent->matches(QKeySequence::Copy)) {
+        CopySelection();
+    } else if (m_pPoints != nullptr && pEvent->key() == Qt::Key_Delete) {
+        CarryOut(ECommand::DeleteTrackPoints);
+    } else if (m_pPoints != nullptr && pEvent->key() == Qt::Key_Backspace) {
+        m_router.DeletePointBeforeFocus();
+    } else {
+        QTableView::keyPressEvent(pEvent);
+    }
+}
+
+void CGridView::mousePressEvent(QMouseEvent* pEvent)
+{
+    const QModelIndex before = currentIndex();
+    QTableView::mousePressEvent(pEvent);
+    // A click on the row that is current already is a click, too.
+    if (pEvent->button() == Qt::LeftButton && indexAt(pEvent->pos()) == before && before.isValid())
+        m_grid.ClickRow(before.row());
+}
+
+void CGridView::contextMenuEvent(QContextMenuEvent* pEvent)
+{
+    const std::vector<CTrackPoint*> points =
+        m_pPoints != nullptr ? m_pPoints->PointsOf(SelectedRows()) : std::vector<CTrackPoint*>();
+    ShowContextMenu(*this, m_pPoints != nullptr ? EContextMenu::PointGrid : EContextMenu::ResultGrid, m_router,
+                    Place(points), pEvent->globalPos());
+}
+
+void CGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QTableView::currentChanged(current, previous);
+    if (!m_bFilling && current.isValid() && current.row() != previous.row())
+        m_grid.ClickRow(current.row());
+}
+
+} // namespace kestrabel
