@@ -1,25 +1,30 @@
 #include "ui/MainFrame.h"
 
 #include "app/DroppedFiles.h"
-#include "app/ProgramFolder.h"
+#include "app/RecentFiles.h"
 #include "present/StatusBar.h"
 #include "ui/MenuBuilder.h"
-#include "ui/panes/GridPrinter.h"
 #include "ui/panes/GridView.h"
 #include "ui/panes/MainTreeView.h"
 #include "ui/panes/PlaceholderPane.h"
+#include "ui/print/GridPrintJob.h"
+#include "ui/print/TreePrintJob.h"
 #include "ui/QtDesktop.h"
 #include "ui/QtText.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDate>
 #include <QDragEnterEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -71,6 +76,7 @@ CMainFrame::CMainFrame(CSettingsStore& settings, std::string strProgramFolder, C
       m_pDetails(new QToolButton(this)),
       m_pOwnDesktop(pDesktop == nullptr ? std::make_unique<CQtDesktop>(*this, settings) : nullptr),
       m_pDesktop(pDesktop == nullptr ? m_pOwnDesktop.get() : pDesktop), m_progress(*m_pMessage, *m_pBar),
+      m_pPrinter(std::make_unique<QPrinter>(QPrinter::HighResolution)),
       m_processes([this](const std::string& strProgram, const std::function<bool()>& hasEnded) {
           return WaitForProgram(strProgram, hasEnded);
       })
@@ -92,6 +98,7 @@ CMainFrame::CMainFrame(CSettingsStore& settings, std::string strProgramFolder, C
     PlugWindowCommands();
     CreateMenus();
     CreateToolbar();
+    CreateShortcuts();
     RestoreLayout();
     ApplyFrameState();
     m_pApplication->m_document.m_hub.Attach(*this);
@@ -148,9 +155,10 @@ void CMainFrame::CreatePanes()
                                                   m_settings, m_progress);
 
     m_pTreePane = new CMainTreeView(*m_pTree, *m_pRouter, document);
-    m_pPointPane = new CGridView(*m_pPoints, EPane::PointGrid, *m_pRouter, *m_pDesktop);
+    m_pResultPane = new CGridView(*m_pResults, nullptr, *m_pRouter, *m_pDesktop);
+    m_pPointPane = new CGridView(*m_pPoints, m_pPoints.get(), *m_pRouter, *m_pDesktop);
     m_pGrids = new QSplitter(Qt::Vertical);
-    m_pGrids->addWidget(new CGridView(*m_pResults, EPane::ResultGrid, *m_pRouter, *m_pDesktop));
+    m_pGrids->addWidget(m_pResultPane);
     m_pGrids->addWidget(m_pPointPane);
     m_pGrids->setSizes(GridHeights);
     m_pColumns = new QSplitter(Qt::Horizontal);
@@ -174,13 +182,45 @@ void CMainFrame::PlugWindowCommands()
     m_pRouter->Plug(ECommand::ShowTrackPoints,
                     [this](const SCommandPlace&) { m_pPointPane->setVisible(m_pPointPane->isHidden()); });
     m_pRouter->Plug(ECommand::Exit, [this](const SCommandPlace&) { close(); });
+    m_pRouter->Plug(ECommand::Copy, [this](const SCommandPlace&) { ActiveGrid()->CopySelection(); });
+    m_pRouter->Plug(ECommand::Fields, [this](const SCommandPlace& place) {
+        (place.pane == EPane::ResultGrid ? m_pResultPane : m_pPointPane)->ChooseFields();
+    });
+    m_pRouter->Plug(ECommand::Print, [this](const SCommandPlace& place) {
+        kestrabel::Print(this, *m_pPrinter, *PrintJobOf(place.pane));
+    });
+    m_pRouter->Plug(ECommand::PrintPreview, [this](const SCommandPlace& place) {
+        ShowPrintPreview(this, *m_pPrinter, *PrintJobOf(place.pane));
+    });
+    m_pRouter->Plug(ECommand::PrintSetup, [this](const SCommandPlace&) { SetUpPrinter(this, *m_pPrinter); });
+}
+
+/// The grid that has the keyboard, else that of the track points.
+CGridView* CMainFrame::ActiveGrid() const
+{
+    return m_pResultPane->hasFocus() ? m_pResultPane : m_pPointPane;
+}
+
+/// The menu prints the track points, whichever pane is active.
+std::unique_ptr<CPrintJob> CMainFrame::PrintJobOf(EPane pane) const
+{
+    const CKestroDoc& document = m_pApplication->m_document;
+    const QString strDate = QDate::currentDate().toString(Qt::ISODate);
+    const std::string strTitle(document.Title());
+    if (pane == EPane::Tree)
+        return std::make_unique<CTreePrintJob>(m_pTree->Rows(), strTitle, strDate);
+    return std::make_unique<CGridPrintJob>(
+        *m_pPoints, ToQt(PrintHeading(document.m_event, document.m_selection, strTitle)), strDate);
 }
 
 void CMainFrame::CreateMenus()
 {
     for (const SMenu& menu : MainMenu()) {
         QMenu* pMenu = menuBar()->addMenu(ToQt(menu.strTitle));
-        Q_UNUSED(pMenu)
+        FillMenu(*pMenu, menu.items, *m_pRouter, [] { return SCommandPlace(); });
+        ShowRecentFiles(
+            *pMenu, menu.items, [this] { return CRecentFiles(m_settings).Paths(); },
+            [this](const std::string& strPath) { m_pApplication->OpenRecentFile(strPath); });
     }
 }
 
@@ -188,6 +228,29 @@ void CMainFrame::CreateToolbar()
 {
     m_pToolbar = addToolBar("Toolbar");
     m_pToolbar->setObjectName("Toolbar");
+    m_pToolbar->toggleViewAction()->setEnabled(false); // the menu "View" has its own
+    const int nSize = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    m_pToolbar->setIconSize(QSize(nSize, nSize));
+    for (const ECommand command : Toolbar()) {
+        if (command == ECommand::None) {
+            m_pToolbar->addSeparator();
+            continue;
+        }
+        const QString strPrompt = ToQt(PromptOf(command));
+        QAction* pAction = m_pToolbar->addAction(QIcon(IconOf(command)), strPrompt);
+        pAction->setStatusTip(strPrompt);
+        pAction->setEnabled(m_pRouter->State(command).bEnabled);
+        connect(pAction, &QAction::triggered, this, [this, command] { m_pRouter->CarryOut(command); });
+    }
+}
+
+void CMainFrame::CreateShortcuts()
+{
+    for (const SShortcut& shortcut : Shortcuts()) {
+        auto* pShortcut = new QShortcut(QKeySequence(ToQt(shortcut.strKey)), this);
+        connect(pShortcut, &QShortcut::activated, this,
+                [this, command = shortcut.command] { m_pRouter->CarryOut(command); });
+    }
 }
 
 void CMainFrame::OnUpdate(EUpdateHint /*hint*/)

@@ -13,12 +13,17 @@
 #include <string>
 
 class QLabel;
+class QPrinter;
 class QProgressBar;
 class QSplitter;
 class QToolBar;
 class QToolButton;
 
 namespace kestrabel {
+
+class CGridView;
+class CMainTreeView;
+class CPrintJob;
 
 /// The one window: menus, toolbar, status bar, and the panes in nested splitters.
 ///
@@ -54,7 +59,10 @@ private:
     void CreatePanes();
     void CreateMenus();
     void CreateToolbar();
+    void CreateShortcuts();
     void PlugWindowCommands();
+    CGridView* ActiveGrid() const;
+    std::unique_ptr<CPrintJob> PrintJobOf(EPane pane) const;
     void ShowTitle();
     void ShowStatus();
     void ShowImportLog();
@@ -74,9 +82,11 @@ private:
     QSplitter* m_pRows = nullptr;    ///< upper panes over the graph
     QSplitter* m_pColumns = nullptr; ///< tree, map, grids
     QSplitter* m_pGrids = nullptr;   ///< results over track points
-    QWidget* m_pTreePane = nullptr;
-    QWidget* m_pPointPane = nullptr;
+    CMainTreeView* m_pTreePane = nullptr;
+    CGridView* m_pResultPane = nullptr;
+    CGridView* m_pPointPane = nullptr;
     std::string m_strShownLog;
+    std::unique_ptr<QPrinter> m_pPrinter; ///< as set up last
 
     std::unique_ptr<CDesktop> m_pOwnDesktop;
     CDesktop* m_pDesktop;

@@ -26,15 +26,21 @@ CStatusProgress::CStatusProgress(QLabel& message, QProgressBar& bar) : m_message
 
 void CStatusProgress::Begin(std::string_view strText)
 {
-    if (m_nDepth++ == 0)
+    if (m_earlier.empty())
         QApplication::setOverrideCursor(Qt::WaitCursor);
+    m_earlier.push_back({m_message.text(), m_bar.value()});
     m_message.setText(ToQt(strText));
+    m_bar.setValue(0);
+    Place();
+    m_bar.show();
+    m_message.repaint();
+}
+
+void CStatusProgress::Place()
+{
     const int nText = m_message.fontMetrics().horizontalAdvance(m_message.text() + ' ');
     const SPixelArea area = ProgressArea(m_message.width(), m_message.height(), nText);
     m_bar.setGeometry(area.nLeft, area.nTop, area.nWidth, area.nHeight);
-    m_bar.setValue(0);
-    m_bar.show();
-    m_message.repaint();
 }
 
 void CStatusProgress::Show(double dFraction)
@@ -49,10 +55,14 @@ void CStatusProgress::Show(double dFraction)
 
 void CStatusProgress::End()
 {
-    if (--m_nDepth != 0)
+    m_message.setText(m_earlier.back().strText);
+    m_bar.setValue(m_earlier.back().nValue);
+    m_earlier.pop_back();
+    if (!m_earlier.empty()) {
+        Place();
         return;
+    }
     m_bar.hide();
-    m_message.setText(ToQt(ReadyText));
     QApplication::restoreOverrideCursor();
 }
 

@@ -2,6 +2,10 @@
 
 #include "platform/Progress.h"
 
+#include <QString>
+
+#include <vector>
+
 class QLabel;
 class QProgressBar;
 class QWidget;
@@ -21,9 +25,17 @@ public:
     void End() override;
 
 private:
+    void Place();
+
     QLabel& m_message;
     QProgressBar& m_bar;
-    int m_nDepth = 0;
+
+    struct SEarlier
+    {
+        QString strText;
+        int nValue;
+    };
+    std::vector<SEarlier> m_earlier; ///< what each running operation has covered
 };
 
 } // namespace kestrabel

@@ -56,6 +56,8 @@ void CGridView::TakeOver(bool bColumns)
     const bool bBefore = std::exchange(m_bFilling, true);
     m_pModel->Reset();
     if (bColumns) {
+        if (m_pPoints != nullptr)
+            m_router.m_shownColumns = m_pPoints->ShownPointColumns();
         for (int nColumn = 0; nColumn < m_grid.ColumnCount(); ++nColumn)
             setColumnWidth(nColumn, m_grid.ColumnWidth(nColumn));
     }
