@@ -32,6 +32,12 @@
 #include <QToolButton>
 #include <QUrl>
 
+/// The linker takes the pictures from a static library only when they are asked for, outside any namespace.
+static void LoadIcons()
+{
+    Q_INIT_RESOURCE(kestrabel);
+}
+
 namespace kestrabel {
 
 namespace {
@@ -72,15 +78,19 @@ void Store(CSettingsStore& settings, std::string_view strEntry, const QByteArray
 } // namespace
 
 CMainFrame::CMainFrame(CSettingsStore& settings, std::string strProgramFolder, CDesktop* pDesktop)
-    : m_settings(settings), m_pMessage(new QLabel(this)), m_pBar(new QProgressBar(m_pMessage)),
+    : m_settings(settings),
+      m_pMessage(new QLabel(this)),
+      m_pBar(new QProgressBar(m_pMessage)),
       m_pDetails(new QToolButton(this)),
-      m_pOwnDesktop(pDesktop == nullptr ? std::make_unique<CQtDesktop>(*this, settings) : nullptr),
-      m_pDesktop(pDesktop == nullptr ? m_pOwnDesktop.get() : pDesktop), m_progress(*m_pMessage, *m_pBar),
       m_pPrinter(std::make_unique<QPrinter>(QPrinter::HighResolution)),
+      m_pOwnDesktop(pDesktop == nullptr ? std::make_unique<CQtDesktop>(*this, settings) : nullptr),
+      m_pDesktop(pDesktop == nullptr ? m_pOwnDesktop.get() : pDesktop),
+      m_progress(*m_pMessage, *m_pBar),
       m_processes([this](const std::string& strProgram, const std::function<bool()>& hasEnded) {
           return WaitForProgram(strProgram, hasEnded);
       })
 {
+    LoadIcons();
     setAcceptDrops(true);
     SSurroundings surroundings = {
         .desktop = *m_pDesktop,
@@ -149,8 +159,8 @@ void CMainFrame::CreatePanes()
     CKestroDoc& document = m_pApplication->m_document;
     m_pTree = std::make_unique<CProjectTree>(document.m_event, document.m_hub,
                                              [&document] { document.CreateDefaultCompetitor(); });
-    m_pResults = std::make_unique<CResultGrid>(document.m_event, document.m_hub, document.m_selection,
-                                               m_settings);
+    m_pResults =
+        std::make_unique<CResultGrid>(document.m_event, document.m_hub, document.m_selection, m_settings);
     m_pPoints = std::make_unique<CTrackPointGrid>(document.m_event, document.m_hub, document.m_selection,
                                                   m_settings, m_progress);
 

@@ -74,9 +74,9 @@ private:
 
     CSettingsStore& m_settings;
 
-    QLabel* m_pMessage;         ///< pane 0
-    QProgressBar* m_pBar;       ///< on pane 0
-    QToolButton* m_pDetails;    ///< what an import skipped
+    QLabel* m_pMessage;      ///< pane 0
+    QProgressBar* m_pBar;    ///< on pane 0
+    QToolButton* m_pDetails; ///< what an import skipped
     std::array<QLabel*, 6> m_indicators = {};
     QToolBar* m_pToolbar = nullptr;
     QSplitter* m_pRows = nullptr;    ///< upper panes over the graph

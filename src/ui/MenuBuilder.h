@@ -16,8 +16,8 @@ namespace kestrabel {
 /// Tells where a menu's command was chosen, when it is chosen.
 using CPlaceOf = std::function<SCommandPlace()>;
 
-/// Fills a menu from its table. Each time the menu is shown, texts, check marks and disabled items are brought
-/// up to date. The router outlives the menu. What keys do is not the menu's: see `Shortcuts`.
+/// Fills a menu from its table. Each time the menu is shown, texts, check marks and disabled items are
+/// brought up to date. The router outlives the menu. What keys do is not the menu's: see `Shortcuts`.
 void FillMenu(QMenu& menu, std::span<const SMenuItem> items, CCommandRouter& router, const CPlaceOf& placeOf);
 
 /// Has the recent files stand in a menu where its table has their place, newest first.

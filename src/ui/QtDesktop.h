@@ -6,6 +6,8 @@ class QWidget;
 
 namespace kestrabel {
 
+class CSettingsStore;
+
 /// The desktop by Qt: message boxes, file dialogs and parameter dialogs over the main window. File dialogs
 /// begin in the folder where the last one of their kind ended.
 class CQtDesktop : public CDesktop

@@ -18,7 +18,11 @@ namespace kestrabel {
 
 CGridView::CGridView(CGrid& grid, CTrackPointGrid* pPoints, CCommandRouter& router, CDesktop& desktop,
                      QWidget* pParent)
-    : QTableView(pParent), m_grid(grid), m_pPoints(pPoints), m_router(router), m_desktop(desktop),
+    : QTableView(pParent),
+      m_grid(grid),
+      m_pPoints(pPoints),
+      m_router(router),
+      m_desktop(desktop),
       m_pModel(new CGridModel(grid, this))
 {
     setModel(m_pModel);
@@ -164,8 +168,8 @@ void CGridView::contextMenuEvent(QContextMenuEvent* pEvent)
 {
     const std::vector<CTrackPoint*> points =
         m_pPoints != nullptr ? m_pPoints->PointsOf(SelectedRows()) : std::vector<CTrackPoint*>();
-    ShowContextMenu(*this, m_pPoints != nullptr ? EContextMenu::PointGrid : EContextMenu::ResultGrid, m_router,
-                    Place(points), pEvent->globalPos());
+    ShowContextMenu(*this, m_pPoints != nullptr ? EContextMenu::PointGrid : EContextMenu::ResultGrid,
+                    m_router, Place(points), pEvent->globalPos());
 }
 
 void CGridView::currentChanged(const QModelIndex& current, const QModelIndex& previous)

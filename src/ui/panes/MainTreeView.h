@@ -15,7 +15,8 @@ class CMainTreeView : public QTreeView
 {
 public:
     /// All of it outlives the view.
-    CMainTreeView(CProjectTree& tree, CCommandRouter& router, CKestroDoc& document, QWidget* pParent = nullptr);
+    CMainTreeView(CProjectTree& tree, CCommandRouter& router, CKestroDoc& document,
+                  QWidget* pParent = nullptr);
     ~CMainTreeView() override;
 
 protected:

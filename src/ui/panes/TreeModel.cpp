@@ -86,8 +86,8 @@ void CTreeModel::Reset()
 const STreeRow& CTreeModel::RowOf(const QModelIndex& index) const
 {
     const bool bRoot = index.internalId() == OfRoot;
-    const int nRow = bRoot ? RootRow(index.row())
-                           : RootRow(static_cast<int>(index.internalId())) + 1 + index.row();
+    const int nRow =
+        bRoot ? RootRow(index.row()) : RootRow(static_cast<int>(index.internalId())) + 1 + index.row();
     return m_rows[static_cast<std::size_t>(nRow)];
 }
 

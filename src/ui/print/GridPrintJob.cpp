@@ -57,8 +57,8 @@ void CGridPrintJob::DrawCell(QPainter& painter, const QRectF& cell, int nColumn,
     const bool bRight = m_grid.Column(nColumn).m_nFormat == EAlign::Right;
     const double dGap = cell.height() / 4;
     const Qt::Alignment side = bRight ? Qt::AlignRight : Qt::AlignLeft;
-    painter.drawText(cell.adjusted(dGap, 0, -dGap, 0), static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     strText);
+    painter.drawText(cell.adjusted(dGap, 0, -dGap, 0),
+                     static_cast<int>(side | Qt::AlignVCenter) | Qt::TextSingleLine, strText);
 }
 
 void CGridPrintJob::DrawPage(QPainter& painter, const QRectF& page, int nPage)
@@ -88,7 +88,8 @@ void CGridPrintJob::DrawPage(QPainter& painter, const QRectF& page, int nPage)
         }
         dLeft += dWidth;
     }
-    painter.drawLine(QPointF(body.left(), body.top() + m_dRowHeight), QPointF(dLeft, body.top() + m_dRowHeight));
+    painter.drawLine(QPointF(body.left(), body.top() + m_dRowHeight),
+                     QPointF(dLeft, body.top() + m_dRowHeight));
 }
 
 } // namespace kestrabel
