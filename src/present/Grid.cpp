@@ -14,6 +14,7 @@ CGrid::CGrid(CViewSelection& selection, CSettingsStore& settings, std::string_vi
     : m_selection(selection),
       m_settings(settings),
       m_strTable(strTable),
+      m_columns(columns),
       m_nWidestColumn(nWidestColumn),
       m_fields(DefaultFields(columns))
 {
@@ -29,6 +30,11 @@ CGrid::~CGrid()
 std::int32_t CGrid::ColumnWidth(int nColumn) const
 {
     return std::min(Column(nColumn).m_nWidth, m_nWidestColumn);
+}
+
+bool CGrid::HasDefaultWidth(int nColumn) const
+{
+    return Column(nColumn).m_nWidth == m_columns[FieldOf(nColumn)].nWidth;
 }
 
 int CGrid::ObjectOf(int nRow) const

@@ -45,6 +45,8 @@ public:
     int ColumnCount() const { return static_cast<int>(m_shown.size()); }
     const CGridField& Column(int nColumn) const { return m_fields[FieldOf(nColumn)]; }
     std::int32_t ColumnWidth(int nColumn) const;
+    /// The user has not made the column wider or narrower than its table has it.
+    bool HasDefaultWidth(int nColumn) const;
     void SetColumnWidth(int nColumn, std::int32_t nWidth) { m_fields[FieldOf(nColumn)].m_nWidth = nWidth; }
     /// The shown fields' places in the table.
     const std::vector<int>& ShownColumns() const { return m_shown; }
@@ -101,6 +103,7 @@ private:
 
     CSettingsStore& m_settings;
     std::string m_strTable;
+    std::span<const SGridColumn> m_columns;
     std::int32_t m_nWidestColumn;
     CGridFields m_fields;
     std::vector<int> m_shown;

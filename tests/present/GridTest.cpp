@@ -90,7 +90,9 @@ TEST_F(SGrids, TheFirstUseShowsThreeMoreFieldsAndIsStored)
         grid.ApplyFields(dialog);
         EXPECT_TRUE(bNewColumns);
         EXPECT_EQ(grid.Column(0).m_strTitle, "Track File");
+        EXPECT_TRUE(grid.HasDefaultWidth(0));
         grid.SetColumnWidth(0, 900);
+        EXPECT_FALSE(grid.HasDefaultWidth(0));
         EXPECT_EQ(grid.ColumnWidth(0), 250) << "wider is cut in the results grid";
     }
     settings.Write("Grid Fields/Results/VMG", "Width", "damaged");

@@ -47,7 +47,8 @@ QVariant CGridModel::headerData(int nSection, Qt::Orientation orientation, int n
 Qt::ItemFlags CGridModel::flags(const QModelIndex& index) const
 {
     const bool bSeparator = m_grid.ObjectOf(index.row()) == CGrid::Separator;
-    return bSeparator ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    // What is not enabled is passed over by the arrow keys.
+    return bSeparator ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 }
 
 void CGridModel::Reset()

@@ -16,6 +16,13 @@
 
 namespace kestrabel {
 
+namespace {
+
+/// Rows whose texts are measured for the width of a column.
+constexpr int MeasuredRows = 50;
+
+} // namespace
+
 CGridView::CGridView(CGrid& grid, CTrackPointGrid* pPoints, CCommandRouter& router, CDesktop& desktop,
                      QWidget* pParent)
     : QTableView(pParent),
@@ -40,6 +47,8 @@ CGridView::CGridView(CGrid& grid, CTrackPointGrid* pPoints, CCommandRouter& rout
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + fontMetrics().height() / 4);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSortIndicatorShown(true);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this, &CGridView::SortBy);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int nColumn, int, int nWidth) {
         if (!m_bFilling && nColumn < m_grid.ColumnCount())
@@ -58,14 +67,34 @@ CGridView::~CGridView()
 void CGridView::TakeOver(bool bColumns)
 {
     const bool bBefore = std::exchange(m_bFilling, true);
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     m_pModel->Reset();
-    if (bColumns) {
-        if (m_pPoints != nullptr)
-            m_router.m_shownColumns = m_pPoints->ShownPointColumns();
-        for (int nColumn = 0; nColumn < m_grid.ColumnCount(); ++nColumn)
-            setColumnWidth(nColumn, m_grid.ColumnWidth(nColumn));
-    }
+    if (bColumns && m_pPoints != nullptr)
+        m_router.m_shownColumns = m_pPoints->ShownPointColumns();
+    SizeColumns(bColumns);
     m_bFilling = bBefore;
+}
+
+/// As the user left them. The widths of the table are too narrow for large fonts: where they still stand,
+/// the title and the first rows are measured.
+void CGridView::SizeColumns(bool bAll)
+{
+    const int nMeasured = std::min(m_grid.RowCount(), MeasuredRows);
+    const int nMargin = fontMetrics().horizontalAdvance("  ");
+    for (int nColumn = 0; nColumn < m_grid.ColumnCount(); ++nColumn) {
+        if (!bAll && !m_grid.HasDefaultWidth(nColumn))
+            continue;
+        int nWidth = m_grid.ColumnWidth(nColumn);
+        const auto measure = [&](std::string_view strText) {
+            nWidth = std::max(nWidth, fontMetrics().horizontalAdvance(ToQt(strText)) + nMargin);
+        };
+        if (m_grid.HasDefaultWidth(nColumn)) {
+            measure(m_grid.Column(nColumn).m_strTitle);
+            for (int nRow = 0; nRow < nMeasured; ++nRow)
+                measure(m_grid.CellText(nRow, nColumn));
+        }
+        setColumnWidth(nColumn, nWidth);
+    }
 }
 
 void CGridView::Follow(int nRow)
@@ -85,7 +114,9 @@ void CGridView::SortBy(int nColumn)
 {
     const std::vector<int> selected = SelectedRows();
     QApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool bAscending = m_grid.Column(nColumn).m_bSortAscending;
     Follow(m_grid.ClickHeader(nColumn, selected.empty() ? -1 : selected.front()));
+    horizontalHeader()->setSortIndicator(nColumn, bAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
     QApplication::restoreOverrideCursor();
 }
 

@@ -34,6 +34,7 @@ protected:
 
 private:
     void TakeOver(bool bColumns);
+    void SizeColumns(bool bAll);
     void Follow(int nRow);
     void SortBy(int nColumn);
     void CarryOut(ECommand command);

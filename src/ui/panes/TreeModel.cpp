@@ -69,7 +69,7 @@ bool CTreeModel::hasChildren(const QModelIndex& parent) const
 
 QVariant CTreeModel::data(const QModelIndex& index, int nRole) const
 {
-    if (nRole == Qt::DisplayRole)
+    if (nRole == Qt::DisplayRole || nRole == Qt::ToolTipRole) // the pane is narrow
         return ToQt(RowOf(index).strText);
     if (nRole == Qt::DecorationRole)
         return IconOf(RowOf(index).nImage);
