@@ -110,7 +110,7 @@ TEST(MainFrame, ADivisionIsJudgedByClicks)
     window.ClickNode("2 sec");
 
     CGridView& results = window.Grid("Results");
-    ASSERT_EQ(results.model()->rowCount(), 1);
+    ASSERT_GE(results.model()->rowCount(), 1);
     EXPECT_EQ(SWindow::Cell(results, 0, 0), "2 sec");
     QTest::mouseClick(results.viewport(), Qt::LeftButton, {},
                       results.visualRect(results.model()->index(0, 0)).center());
