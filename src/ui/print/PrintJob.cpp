@@ -1,6 +1,10 @@
 #include "ui/print/PrintJob.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
@@ -49,9 +53,46 @@ void ShowPrintPreview(QWidget* pParent, QPrinter& printer, CPrintJob& job)
     dialog.exec();
 }
 
+namespace {
+
+/// Paper and orientation of a printer that is a file: the platform's own dialog is for real ones only.
+void SetUpFile(QWidget* pParent, QPrinter& printer)
+{
+    constexpr QPageSize::PageSizeId papers[] = {QPageSize::A4, QPageSize::A3, QPageSize::A5,
+                                                QPageSize::Letter, QPageSize::Legal};
+    QDialog dialog(pParent);
+    dialog.setWindowTitle("Print Setup");
+    auto* pPaper = new QComboBox;
+    pPaper->setAccessibleName("Paper");
+    for (const QPageSize::PageSizeId paper : papers) {
+        pPaper->addItem(QPageSize::name(paper), paper);
+        if (printer.pageLayout().pageSize().id() == paper)
+            pPaper->setCurrentIndex(pPaper->count() - 1);
+    }
+    auto* pLandscape = new QCheckBox("&Landscape");
+    pLandscape->setAccessibleName("Landscape");
+    pLandscape->setChecked(printer.pageLayout().orientation() == QPageLayout::Landscape);
+    auto* pButtons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* pLayout = new QFormLayout(&dialog);
+    pLayout->addRow("&Paper:", pPaper);
+    pLayout->addRow(pLandscape);
+    pLayout->addRow(pButtons);
+    QObject::connect(pButtons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(pButtons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    printer.setPageSize(QPageSize(static_cast<QPageSize::PageSizeId>(pPaper->currentData().toInt())));
+    printer.setPageOrientation(pLandscape->isChecked() ? QPageLayout::Landscape : QPageLayout::Portrait);
+}
+
+} // namespace
+
 void SetUpPrinter(QWidget* pParent, QPrinter& printer)
 {
-    QPageSetupDialog(&printer, pParent).exec();
+    if (printer.outputFormat() == QPrinter::NativeFormat)
+        QPageSetupDialog(&printer, pParent).exec();
+    else
+        SetUpFile(pParent, printer);
 }
 
 } // namespace kestrabel
