@@ -1,0 +1,126 @@
+#include "ui/print/GridPrintJob.h"
+
+#include "support/ScriptedDesktop.h"
+#include "ui/print/TreePrintJob.h"
+#include "ui/TestWindow.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QPrinter>
+
+#include <gmock/gmock.h>
+
+namespace kestrabel::test {
+namespace {
+
+constexpr int Dpi = 100;
+
+/// An A4 page of 100 dots an inch.
+QImage BlankPage()
+{
+    QImage page(827, 1169, QImage::Format_Grayscale8);
+    page.setDotsPerMeterX(qRound(Dpi / 0.0254));
+    page.setDotsPerMeterY(qRound(Dpi / 0.0254));
+    page.fill(Qt::white);
+    return page;
+}
+
+/// The lines of dots that have ink, from the first to the last.
+std::pair<int, int> InkedRows(const QImage& page)
+{
+    int nFirst = page.height();
+    int nLast = -1;
+    for (int y = 0; y < page.height(); ++y) {
+        for (int x = 0; x < page.width(); ++x) {
+            if (qGray(page.pixel(x, y)) < 128) {
+                nFirst = std::min(nFirst, y);
+                nLast = y;
+            }
+        }
+    }
+    return {nFirst, nLast};
+}
+
+int InkInColumn(const QImage& page, int x)
+{
+    int nInk = 0;
+    for (int y = 0; y < page.height(); ++y)
+        nInk += qGray(page.pixel(x, y)) < 128 ? 1 : 0;
+    return nInk;
+}
+
+TEST(Print, GridFillsPagesFromHeadingToPageNumber)
+{
+    SWindowWith<CScriptedDesktop> window;
+    window.desktop.Files("*.*", {window.folder.Write("anna.nmea", Sentences(140))});
+    window.pFrame->Router().CarryOut(ECommand::ImportTrackFiles);
+    CApplication& application = window.pFrame->Application();
+    CTrackPointGrid grid(application.m_document.m_event, application.m_document.m_hub,
+                         application.m_document.m_selection, *window.pSettings,
+                         application.m_document.m_surroundings.progress);
+    grid.OnUpdate(HINT_POINTS_CHANGED);
+    ASSERT_EQ(grid.RowCount(), 140);
+
+    CGridPrintJob job(grid, "Event  Distance=1kms", "2026-11-23");
+    QImage page = BlankPage();
+    QPainter painter(&page);
+    const QRectF area = page.rect();
+    const int nPages = job.Paginate(painter, area);
+    ASSERT_GE(nPages, 2);
+    EXPECT_LE(nPages, 4);
+    job.DrawPage(painter, area, 0);
+    const auto [nFirst, nLast] = InkedRows(page);
+    EXPECT_LT(nFirst, Dpi / 4) << "the heading stands on top";
+    EXPECT_GT(nLast, page.height() - Dpi / 4) << "the page's number below";
+    EXPECT_EQ(InkInColumn(page, page.width() - 1), 0) << "no column is cut by the paper's edge";
+
+    page.fill(Qt::white);
+    job.DrawPage(painter, area, nPages - 1);
+    EXPECT_GT(InkedRows(page).second, page.height() - Dpi / 4);
+}
+
+TEST(Print, TreeStandsInItsOrder)
+{
+    std::vector<STreeRow> rows = {{DivisionsRoot, "Divisions", 2, 0, true, true}};
+    for (int i = 0; i < 150; ++i)
+        rows.push_back({{NodeKind::Division, i}, "Division " + std::to_string(i), 2, 1, false, false});
+    CTreePrintJob job(rows, "Event", "2026-11-23");
+    QImage page = BlankPage();
+    QPainter painter(&page);
+    EXPECT_EQ(job.Paginate(painter, page.rect()), 2);
+    job.DrawPage(painter, page.rect(), 0);
+    int nLeft = 0;
+    while (InkInColumn(page, nLeft) == 0)
+        ++nLeft;
+    EXPECT_LT(nLeft, 5) << "the root begins at the edge";
+    const int nChild = nLeft + Dpi * 8 / 72; // an indent of more than a line's height
+    EXPECT_GT(InkInColumn(page, nChild + 4) + InkInColumn(page, nChild + 8), 100)
+        << "its children stand further in";
+}
+
+TEST(Print, PagesAreWrittenOneByOne)
+{
+    struct SThreePages : CPrintJob
+    {
+        int Paginate(QPainter&, const QRectF&) override { return 3; }
+        void DrawPage(QPainter&, const QRectF&, int nPage) override { pages.push_back(nPage); }
+        std::vector<int> pages;
+    };
+    CTemporaryFolder folder;
+    for (const auto& [nFrom, nTo, expected] :
+         {std::tuple{0, 0, std::vector{0, 1, 2}}, {2, 3, std::vector{1, 2}}, {3, 9, std::vector{2}}})
+    {
+        QPrinter printer;
+        printer.setOutputFileName(ToQt(folder.Path("pages.pdf")));
+        if (nFrom != 0) {
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(nFrom, nTo);
+        }
+        SThreePages job;
+        DrawPages(job, printer);
+        EXPECT_EQ(job.pages, expected) << nFrom << " to " << nTo;
+    }
+}
+
+} // namespace
+} // namespace kestrabel::test
