@@ -29,7 +29,8 @@ void Export(CKestroDoc& document, TWrite&& write)
 void ExportResults(CKestroDoc& document)
 {
     const CViewSelection& selection = document.m_selection;
-    if (selection.m_nDivision != -1)
+    // The index stays behind when a track file is selected after a division.
+    if (selection.m_nNodeKind == NodeKind::Division && selection.m_nDivision != -1)
         ExportDivisionResults(document, selection.m_nDivision);
     else if (selection.m_nCompetitor != -1)
         ExportCompetitorResults(document, selection.m_nCompetitor, selection.m_nSeries);

@@ -12,8 +12,8 @@ namespace kestrabel {
 //
 // Header                                      Record, little-endian
 //      0  2E 00, not checked                       0 U1 HDOP x 5            16 I4 longitude, 1e-7 degree
-//      2  a SiRF frame with message 253            2 U2 UTC second x 1000   20 I4 sea-level altitude, cm
-//     ..  FF up to byte 63                         1 U1 satellites used     24 U2 speed over ground, cm/s
+//      2  a SiRF frame with message 253            1 U1 satellites used     20 I4 sea-level altitude, cm
+//     ..  FF up to byte 63                         2 U2 UTC second x 1000   24 U2 speed over ground, cm/s
 //                                                  4 U4 packed date, time   26 U2 course, 0.01 degree
 //                                                  8 U4 satellite IDs       28 I2 climb rate, cm/s
 //                                                 12 I4 latitude, 1e-7 deg  30 U2 0

@@ -16,9 +16,10 @@ using CLineItem = std::variant<long, double, char, std::string_view, DATE>;
 ///
 ///     %S  %D  text         inside double quotes when it holds a blank or the separator
 ///     %C      character    inside double quotes when it is a blank, the separator or a double quote
-///     %N      number       three decimals, or as many as the digits behind the N tell; trailing zeros
-///     removed %I  %L  integer      in decimal %B      integer      "TRUE" when non-zero, else "FALSE" %T
-///     date, time   `FormatDateText`, quoted as a text
+///     %N      number       three decimals, or as many as the digits behind the N tell, trimmed
+///     %I  %L  integer      in decimal
+///     %B      integer      "TRUE" when non-zero, else "FALSE"
+///     %T      date, time   `FormatDateText`, quoted as a text
 ///
 /// Text outside the directives is not copied, other directives are dropped. A missing item, or one of another
 /// kind, gives an empty one.

@@ -84,16 +84,16 @@ ESirfFrame ReadSirfMessage(CBinaryInput& input, std::size_t nMaxLength, std::str
 
 // Offsets of message 41; all fields are big-endian.
 //
-//      1 U2 navigation valid    17 U2 UTC second x 1000      40 U2 speed, cm/s          80 U4 distance
-//      3 U2 navigation type     19 U4 satellite IDs          42 U2 course, 0.01 deg     84 U2 distance error
-//      5 U2 extended week       23 I4 latitude, 1e-7 deg     44 I2 magnetic variation   86 U2 heading error
-//      7 U4 time of week        27 I4 longitude, 1e-7 deg    46 I2 climb rate, cm/s     88 U1 satellites used
-//     11 U2 UTC year            31 I4 ellipsoid altitude     48 I2 heading rate         89 U1 HDOP x 5
-//     13 U1 UTC month           35 I4 sea-level altitude, cm 50 U4 position error, cm   90 U1 mode
-//     14 U1 UTC day             39 U1 map datum              54 U4 vertical error       91 U2 second speed,
-//     cm/s 15 U1 UTC hour                                         58 U4 time error           93 U2 second
-//     course 16 U1 UTC minute                                       62 U2 velocity error, cm/s
-//                                                            64..79 clock bias and drift
+//   1 U2 navigation valid  17 U2 UTC second x 1000    40 U2 speed, cm/s          80 U4 distance
+//   3 U2 navigation type   19 U4 satellite IDs        42 U2 course, 0.01 deg     84 U2 distance error
+//   5 U2 extended week     23 I4 latitude, 1e-7 deg   44 I2 magnetic variation   86 U2 heading error
+//   7 U4 time of week      27 I4 longitude, 1e-7 deg  46 I2 climb rate, cm/s     88 U1 satellites used
+//  11 U2 UTC year          31 I4 ellipsoid altitude   48 I2 heading rate         89 U1 HDOP x 5
+//  13 U1 UTC month         35 I4 sea-level alt., cm   50 U4 position error, cm   90 U1 mode
+//  14 U1 UTC day           39 U1 map datum            54 U4 vertical error       91 U2 second speed
+//  15 U1 UTC hour                                     58 U4 time error           93 U2 second course
+//  16 U1 UTC minute                                   62 U2 speed error, cm/s
+//                                                     64 to 79 clock
 namespace {
 
 constexpr std::size_t NavigationLength = 91;

@@ -18,9 +18,10 @@
 /// An object is a tag, perhaps a class, and the body that belongs to its class:
 ///
 ///     0x0000        no object
-///     0xFFFF        a class that is new in this file: word schema, word length of its name, name; then a
-///     body 0x8000 | i    class number i; then a body i             the object number i once more 0x7FFF the
-///     number is too large for a tag: double word 0x80000000 | i or i, for the two above
+///     0xFFFF        a class that is new in this file: word schema, word length of its name, name; a body
+///     0x8000 | i    class number i; a body
+///     i             the object number i once more
+///     0x7FFF        the number is too large for a tag: double word 0x80000000 | i or i, for the two above
 ///
 /// Classes and objects are numbered together, from 1, in the order in which they begin: in a file with two
 /// objects of one class that class is 1 and the objects are 2 and 3.

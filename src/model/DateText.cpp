@@ -75,7 +75,7 @@ private:
 
     bool TakeItem();
     bool TakeMonth();
-    bool TakeTime(const SNumber& hour);
+    bool TakeTime(const SNumber& hour, char cSeparator);
     bool TakeMinutes(int& nValue);
     bool TakeHalfOfDay();
     bool SetHour(const SNumber& hour);
@@ -85,6 +85,7 @@ private:
     void SkipBlanks();
     void SkipSeparator();
     void SetDay(SCalendar& calendar) const;
+    std::size_t DateItems() const { return m_nNumbers + (m_nMonth != 0 ? 1 : 0); }
 
     std::string_view m_strRest;
     std::array<SNumber, 3> m_numbers;
@@ -152,12 +153,17 @@ bool CDateScanner::TakeMonth()
     return m_nMonth != 0;
 }
 
-/// "am" or "pm", when that is the next word.
+/// "am" or "pm", with or without dots, when that is the next word.
 bool CDateScanner::TakeHalfOfDay()
 {
     const std::string_view strBefore = m_strRest;
     SkipBlanks();
-    const std::string strWord = TakeWord();
+    std::string strWord = TakeWord();
+    if (strWord.size() == 1 && TakeCharacter('.')) {
+        SkipBlanks();
+        strWord += TakeWord();
+        TakeCharacter('.');
+    }
     if (strWord != "am" && strWord != "pm") {
         m_strRest = strBefore;
         return false;
@@ -185,12 +191,12 @@ bool CDateScanner::TakeMinutes(int& nValue)
     return number.nDigits == 1 || number.nDigits == 2;
 }
 
-/// What follows the colon behind the hour.
-bool CDateScanner::TakeTime(const SNumber& hour)
+/// What follows the separator behind the hour.
+bool CDateScanner::TakeTime(const SNumber& hour, char cSeparator)
 {
     if (!TakeMinutes(m_time.nMinute))
         return false;
-    if (TakeCharacter(':')) {
+    if (TakeCharacter(cSeparator)) {
         if (!TakeMinutes(m_time.nSecond))
             return false;
         if (m_strRest.size() > 1 && m_strRest.front() == '.' && IsDigit(m_strRest[1])) {
@@ -211,7 +217,10 @@ bool CDateScanner::TakeItem()
     if (number.nDigits == 0)
         return false;
     if (TakeCharacter(':'))
-        return TakeTime(number);
+        return TakeTime(number, ':');
+    // Italian and Finnish machines put dots into the time too; it is no date once that is complete.
+    if (DateItems() == m_numbers.size() && TakeCharacter('.'))
+        return TakeTime(number, '.');
     if (TakeHalfOfDay())
         return SetHour(number);
     if (m_nNumbers == m_numbers.size())
@@ -228,8 +237,7 @@ bool CDateScanner::Scan()
             return false;
         SkipSeparator();
     }
-    const std::size_t nDateItems = m_nNumbers + (m_nMonth != 0 ? 1 : 0);
-    return nDateItems == m_numbers.size() || (nDateItems == 0 && m_bHasTime);
+    return DateItems() == m_numbers.size() || (DateItems() == 0 && m_bHasTime);
 }
 
 void CDateScanner::SetDay(SCalendar& calendar) const

@@ -16,7 +16,8 @@ namespace kestrabel {
 ///     day first          4/5/2007   04-05-07   4.5.2007
 ///     month first        5/24/2007 (only where day first is impossible)
 ///     with a month name  4 May 2007   04-MAY-07   May 4, 2007   2007-May-04   (English, 3 letters or more)
-///     time               12:34   12:34:56   12:34:56.78 (the fraction is dropped)   3:04:05 PM   3 pm
+///     time               12:34   12:34:56   12:34:56.78 (the fraction is dropped)   3:04:05 PM   3 p.m.
+///                        12.34   12.34.56 (only behind a date)
 ///
 /// Two-digit years below 50 are of this century, others of the last. A date alone is its midnight, a time
 /// alone is on day 0 (30 December 1899). Any other text, and fields that name no date or time, give an
