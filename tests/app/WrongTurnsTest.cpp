@@ -143,6 +143,34 @@ TEST_F(WrongTurns, RefusedFormatsSayWhyAndWriteNothing)
     EXPECT_FALSE(document.OnSaveDocument(folder.Path("a.gpx")));
 }
 
+TEST_F(WrongTurns, SaveWritesTheSelectedFileOverNoOtherOne)
+{
+    const std::string strFirst = folder.Path("a.gpx");
+    EXPECT_TRUE(document.OnSaveDocument(strFirst));
+    selection.SelectSeries(1, false, true);
+    EXPECT_TRUE(document.OnSaveDocument(folder.Path("B.gpx")));
+    EXPECT_TRUE(application.OpenFiles({strFirst, folder.Path("B.gpx")}));
+    const auto nFirst = fs::file_size(strFirst);
+    selection.SelectSeries(1, false, true);
+    selection.SetFocusPoint(1, 10.0);
+    DeletePoint(document, 10);
+    EXPECT_TRUE(document.OnFileSave());
+    EXPECT_EQ(Series(1).m_strName, "B");
+    EXPECT_EQ(document.PathName(), folder.Path("B.gpx"));
+
+    selection.SelectSeries(0, false, true);
+    selection.SetFocusPoint(0, 10.0);
+    SplitSeries(document);
+    EXPECT_TRUE(document.OnFileSave()) << "the second half";
+    EXPECT_TRUE(fs::exists(folder.Path("a_2.gpx")));
+    EXPECT_EQ(fs::file_size(strFirst), nFirst);
+    EXPECT_EQ(document.Title(), "a_2*") << "the first half is not saved yet";
+
+    selection.SelectSeries(-1, false, true);
+    desktop.Message("There is no trackfile to save");
+    EXPECT_FALSE(document.OnFileSave());
+}
+
 TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
 {
     const std::string strBefore = State();
