@@ -114,7 +114,7 @@ TEST_F(WrongTurns, TheCloseCheckAsksForEveryFileAndThenForTheProject)
     const std::string strTwo = "The file " + Series(1).m_strFileName + " has changed.Do you wish to save it?";
     desktop.Question(strOne, "No").Question(strTwo, "Cancel");
     EXPECT_FALSE(application.OnClose());
-    EXPECT_EQ(settings.Read("Files", "LastDocument"), "");
+    EXPECT_EQ(settings.Read("Files", "LastDocument"), document.PathName());
     desktop.Question(strOne, "No").Question(strTwo, "Yes").Message("Cannot save to NMEA format");
     EXPECT_FALSE(application.OnClose()) << "it could not be saved in its own format";
     desktop.Question(strOne, "No").Question(strTwo, "No").Question("Do you wish to save it?", "No");
