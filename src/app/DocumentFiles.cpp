@@ -36,7 +36,6 @@ bool CKestroDoc::OnOpenDocument(std::string_view strPath)
 
 bool CKestroDoc::OpenProject(std::string_view strPath)
 {
-    m_selection.ForgetResults();
     std::string strStoredPath; // where it was saved, perhaps on another machine
     try {
         LoadProject(strPath, m_event, strStoredPath);
@@ -51,6 +50,7 @@ bool CKestroDoc::OpenProject(std::string_view strPath)
     m_history.Clear();
     m_selection.Reset();
     SetPathName(strPath);
+    SetModifiedFlag(false);
     if (m_event.m_strDataFolder.empty())
         m_event.m_strDataFolder = FolderOf(strPath);
     if (m_event.m_persons.IsEmpty())
@@ -91,7 +91,6 @@ bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
     }
     m_history.Clear();
     SetPathName(paths.front());
-    SetModifiedFlag(false);
     ShowNewTree();
     m_selection.SelectSeries(paths.size() == 1 ? nFiles - 1 : 0, true, true, true);
     return true;

@@ -143,6 +143,15 @@ TEST_F(WrongTurns, RefusedFormatsSayWhyAndWriteNothing)
     EXPECT_FALSE(document.OnSaveDocument(folder.Path("a.gpx")));
 }
 
+TEST_F(WrongTurns, OnlyReadingAProjectTakesTheChangesOfTheOldOneAway)
+{
+    MoveDivisionUp(document, 1);
+    EXPECT_TRUE(application.OpenFiles({folder.Path("one.nmea")}));
+    EXPECT_TRUE(document.IsModified()) << "the divisions are still in another order than on the disk";
+    EXPECT_TRUE(application.OpenFiles({folder.Path("Default.rsp")}));
+    EXPECT_FALSE(document.IsModified());
+}
+
 TEST_F(WrongTurns, SaveWritesTheSelectedFileOverNoOtherOne)
 {
     const std::string strFirst = folder.Path("a.gpx");
@@ -182,6 +191,7 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     EXPECT_FALSE(application.OpenFiles({folder.Path("missing.rsp")}));
     fs::remove(strDamaged);
     EXPECT_EQ(State(), strBefore);
+    EXPECT_EQ(selection.m_Results.GetCount(), 5) << "the panes keep what they list";
 
     // As the default project it is put aside for repair, not written over.
     folder.Write("Default.rsp", "no project");
