@@ -261,6 +261,37 @@ TEST_F(WrongTurns, NamesThatDifferOnlyInCaseAreTwoFiles)
     }
 }
 
+TEST_F(WrongTurns, OpeningTwoFilesOfOneNameAsksAsAnImportDoes)
+{
+    fs::create_directory(folder.Path("heat2"));
+    const std::string strFirst = folder.Path("one.nmea");
+    const std::string strSecond = WriteTrack("heat2/one.nmea", 20);
+    const std::string strThird = folder.Path("two.nmea");
+    const std::string strEmpty = folder.Write("empty.nmea", "");
+    const struct
+    {
+        const char* pAnswer;
+        std::vector<int> counts;
+        std::string strPath;
+    } cases[] = {
+        {"Yes", {20, 30}, strSecond},
+        {"No", {30, 20, 30}, strFirst},
+        {"Cancel", {30}, strFirst},
+    };
+    for (const auto& test : cases) {
+        desktop.Message("empty.nmea");
+        desktop.Question("A series of this name already exists.", test.pAnswer);
+        EXPECT_TRUE(application.OpenFiles({strEmpty, strFirst, strSecond, strThird})) << test.pAnswer;
+        std::vector<int> counts;
+        for (const CSeries* pSeries : Person().m_series) {
+            EXPECT_EQ(pSeries->m_points[0].m_nSeriesIndex, counts.size()) << test.pAnswer;
+            counts.push_back(pSeries->m_points.GetCount());
+        }
+        EXPECT_EQ(counts, test.counts) << test.pAnswer;
+        EXPECT_EQ(document.PathName(), test.strPath) << "the file that is shown";
+    }
+}
+
 TEST_F(WrongTurns, ARecentFileThatIsGoneLeavesTheList)
 {
     const std::string strGone = folder.Path("gone.rsp");
