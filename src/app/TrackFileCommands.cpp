@@ -200,10 +200,13 @@ void CloseSeries(CKestroDoc& document, int nSeries, int nPoint)
     RemoveSeries(document, 0, nSeries, false);
     document.ShowNewTree();
     const int nLeft = person.m_series.GetCount();
-    document.m_selection.SelectSeries(std::clamp(nSeries, -1, nLeft - 1), true, true);
+    CViewSelection& selection = document.m_selection;
+    selection.SelectSeries(std::clamp(nSeries, -1, nLeft - 1), true, true);
     if (nLeft > 0 && nPoint >= 0) {
-        document.m_selection.SetFocusPoint(document.m_selection.m_nSeries, nPoint);
-        document.m_hub.UpdateAllViews(nullptr, HINT_FOCUS_MOVED);
+        const int nCount = selection.GetSeriesPoints(selection.m_nSeries).GetCount();
+        // A shorter file has nothing to do with where the other one was looked at.
+        const int nFocus = nPoint < nCount ? nPoint : nPoint == nCount ? nPoint - 1 : 0;
+        selection.MoveFocus(nullptr, selection.m_nSeries, nFocus);
     }
 }
 
