@@ -147,7 +147,16 @@ TEST_F(TrackEditing, ExtractChoosesAsTheRowsOfItsDialogSay)
         EXPECT_EQ(Marks(part), test.expected);
         EXPECT_TRUE(std::filesystem::exists(part.m_strFileName)) << part.m_strFileName;
         EXPECT_TRUE(part.m_strFileName.ends_with(strName + ".trk")) << part.m_strFileName;
+        EXPECT_EQ(part.m_bModified, 0) << "it is as on the disk, whether or not its source is";
+        source.m_bModified = 1;
     }
+    event.m_strDataFolder = folder.Write("no folder", "") + "/";
+    Select(0);
+    desktop.Dialog<SExtractTrackDialog>([](auto&) { return true; });
+    desktop.Message("All or part of the path is invalid");
+    ExtractTrack(document);
+    EXPECT_EQ(Person().m_series.Last()->m_bModified, 1) << "it is nowhere but here";
+    EXPECT_EQ(Person().m_series.Last()->m_points.GetCount(), 6);
 }
 
 TEST_F(TrackEditing, DeletesWhatIsInvalidButNoSpike)
