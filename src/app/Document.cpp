@@ -50,7 +50,7 @@ bool CKestroDoc::OnNewDocument()
     }
     CreateDefaultCompetitor();
     SetModifiedFlag(false);
-    ShowNewTree();
+    m_hub.InitialUpdate();
     m_selection.SelectSeries(0, false, true, true);
     return true;
 }

@@ -58,7 +58,7 @@ bool CKestroDoc::OpenProject(std::string_view strPath)
         CreateDefaultCompetitor();
     for (CPerson* pPerson : m_event.m_persons)
         DeriveAll(m_event, *pPerson, m_surroundings.progress);
-    ShowNewTree();
+    m_hub.InitialUpdate();
     m_selection.SelectSeries(m_event.m_persons[0].m_series.IsEmpty() ? -1 : 0, true, true, true);
     return true;
 }

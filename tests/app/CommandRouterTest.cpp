@@ -266,6 +266,11 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     world.Do(ECommand::CloseTrackFile, OnNode(NodeKind::TrackFile, 7)); // gone: asks nothing
     for (const ECommand command : {ECommand::ZoomIn, ECommand::NewNode, ECommand::EditNode})
         EXPECT_FALSE(world.router.CarryOut(command, second)) << "nothing for a track file";
+
+    EXPECT_EQ(tree.Rows().size(), 2U + 6U + 2U) << "with the files";
+    world.desktop.Question("Do you wish to save it?", "No");
+    world.Do(ECommand::New);
+    EXPECT_EQ(tree.Rows().size(), 2U + 6U) << "a new project shows its divisions only";
 }
 
 TEST(CommandRouter, CommandsOnPointsActOnSelectedRowsOrTheFocus)
