@@ -79,10 +79,8 @@ void CApplication::OpenRecentFile(const std::string& strPath)
 
 bool CApplication::OnClose()
 {
-    if (!m_document.CanCloseFrame())
-        return false;
     m_document.m_surroundings.settings.Write("Files", "LastDocument", m_document.PathName());
-    return true;
+    return m_document.CanCloseFrame();
 }
 
 void CApplication::OnAppAbout()

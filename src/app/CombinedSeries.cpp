@@ -3,6 +3,7 @@
 #include "app/TimeOrder.h"
 #include "app/TrackEditing.h"
 #include "platform/Path.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -22,20 +23,34 @@ constexpr std::array<double, TapCount> Taps = {0.026416921, 0.054193837, 0.08680
 constexpr std::size_t ShortestCommonName = 3;
 constexpr double HoursPerDay = 24.0;
 
+/// A text taken apart, so that no character is kept by half.
+std::vector<std::string_view> Characters(std::string_view strText)
+{
+    std::vector<std::string_view> characters;
+    while (!strText.empty()) {
+        characters.push_back(FirstCharacters(strText, 1));
+        strText.remove_prefix(characters.back().size());
+    }
+    return characters;
+}
+
 /// The characters that all names have at the same places; the competitor's name when hardly any is.
 std::string CommonName(const CPerson& person)
 {
-    const std::string& strFirst = person.m_series[0].m_strName;
+    std::vector<std::vector<std::string_view>> names;
+    for (const CSeries* pSeries : person.m_series)
+        names.push_back(Characters(pSeries->m_strName));
     std::string strCommon;
-    for (std::size_t i = 0; i < strFirst.size(); ++i) {
-        const bool bShared = std::ranges::all_of(person.m_series, [&](const CSeries* pSeries) {
-            return i < pSeries->m_strName.size() && pSeries->m_strName[i] == strFirst[i];
-        });
-        if (bShared)
-            strCommon += strFirst[i];
+    std::size_t nCount = 0;
+    for (std::size_t i = 0; i < names[0].size(); ++i) {
+        const bool bShared = std::ranges::all_of(
+            names, [&](const auto& name) { return i < name.size() && name[i] == names[0][i]; });
+        if (!bShared)
+            continue;
+        strCommon += names[0][i];
+        ++nCount;
     }
-    const bool bOneFile = person.m_series.GetCount() == 1;
-    return bOneFile || strCommon.size() >= ShortestCommonName ? strCommon : person.m_strName;
+    return nCount >= ShortestCommonName ? strCommon : person.m_strName;
 }
 
 /// What is smoothed of a point.

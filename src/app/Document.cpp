@@ -50,7 +50,7 @@ bool CKestroDoc::OnNewDocument()
     }
     CreateDefaultCompetitor();
     SetModifiedFlag(false);
-    ShowNewTree();
+    m_hub.InitialUpdate();
     m_selection.SelectSeries(0, false, true, true);
     return true;
 }
@@ -81,7 +81,17 @@ std::string CKestroDoc::Title() const
 
 bool CKestroDoc::OnFileSave()
 {
-    return m_strPathName.empty() ? OnFileSaveAs() : OnSaveDocument(m_strPathName);
+    if (m_strPathName.empty())
+        return OnFileSaveAs();
+    // Of several open files, and of the halves of a split one, each has a name of its own: under the path
+    // that was opened first it would replace another recording.
+    const CSeries* pSeries = m_selection.GetCurrentSeries();
+    const bool bOwnName = pSeries != nullptr && !pSeries->m_strFileName.empty();
+    const std::string strPath = bOwnName ? FindFile(pSeries->m_strFileName) : m_strPathName;
+    if (!OnSaveDocument(strPath))
+        return false;
+    SetPathName(strPath, false);
+    return true;
 }
 
 bool CKestroDoc::OnFileSaveAs()

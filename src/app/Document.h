@@ -38,7 +38,7 @@ public:
     /// Saves the project, or the current track file in the format of the extension. False when nothing was
     /// written; the message says why.
     bool OnSaveDocument(std::string_view strPath);
-    /// Saves under the path that the document has, or asks for one.
+    /// Saves the current track file under its own name; asks for one while the document has no path.
     bool OnFileSave();
     bool OnFileSaveAs();
     /// Asks for every modified track file, then for the project. False: it is not to be closed.

@@ -2,6 +2,7 @@
 #include "app/FailureText.h"
 #include "app/NewProject.h"
 #include "app/ProjectSave.h"
+#include "app/ReplaceQuestion.h"
 #include "app/SaveQuestion.h"
 #include "app/TrackFileImport.h"
 #include "engine/TrackPointDerivation.h"
@@ -36,7 +37,6 @@ bool CKestroDoc::OnOpenDocument(std::string_view strPath)
 
 bool CKestroDoc::OpenProject(std::string_view strPath)
 {
-    m_selection.ForgetResults();
     std::string strStoredPath; // where it was saved, perhaps on another machine
     try {
         LoadProject(strPath, m_event, strStoredPath);
@@ -51,15 +51,14 @@ bool CKestroDoc::OpenProject(std::string_view strPath)
     m_history.Clear();
     m_selection.Reset();
     SetPathName(strPath);
+    SetModifiedFlag(false);
     if (m_event.m_strDataFolder.empty())
         m_event.m_strDataFolder = FolderOf(strPath);
     if (m_event.m_persons.IsEmpty())
         CreateDefaultCompetitor();
-    for (CPerson* pPerson : m_event.m_persons) {
-        for (CSeries* pSeries : pPerson->m_series)
-            RecalculateTrackPoints(m_event, *pPerson, *pSeries, m_surroundings.progress);
-    }
-    ShowNewTree();
+    for (CPerson* pPerson : m_event.m_persons)
+        DeriveAll(m_event, *pPerson, m_surroundings.progress);
+    m_hub.InitialUpdate();
     m_selection.SelectSeries(m_event.m_persons[0].m_series.IsEmpty() ? -1 : 0, true, true, true);
     return true;
 }
@@ -71,14 +70,25 @@ bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
     CObjectArray<CPerson> before = std::exchange(m_event.m_persons, CObjectArray<CPerson>());
     CPerson& person = AddCompetitor(m_event, "");
     m_importLog.Clear();
+    std::string strOpened; // the first one that could be
     for (const std::string& strPath : paths) {
+        const std::optional<int> replaced = AskToReplace(m_surroundings.desktop, person, strPath);
+        if (!replaced.has_value())
+            break;
         CImportMonitor monitor(&m_surroundings.desktop);
         EImportEnd end = EImportEnd::Complete;
         const CSeries* pSeries =
             AddTrackFile(m_event, person, strPath, monitor, end, m_surroundings.progress);
         m_importLog.Add(strPath, pSeries == nullptr ? 0 : pSeries->m_points.GetCount(), monitor, end);
-        if (pSeries != nullptr)
+        if (pSeries != nullptr) {
+            if (*replaced != -1) {
+                person.m_series.RemoveAt(*replaced);
+                DeriveAll(m_event, person, m_surroundings.progress);
+            }
+            if (person.m_series.GetCount() == 1)
+                strOpened = strPath;
             continue;
+        }
         if (const std::string strText = EmptyImportText(monitor, strPath, end); !strText.empty())
             m_surroundings.desktop.ShowMessage(strText);
     }
@@ -90,8 +100,7 @@ bool CKestroDoc::OpenTrackFiles(std::vector<std::string> paths)
         return false;
     }
     m_history.Clear();
-    SetPathName(paths.front());
-    SetModifiedFlag(false);
+    SetPathName(strOpened);
     ShowNewTree();
     m_selection.SelectSeries(paths.size() == 1 ? nFiles - 1 : 0, true, true, true);
     return true;

@@ -12,6 +12,7 @@ namespace {
 void Show(CKestroDoc& document, const SShown& shown)
 {
     CViewSelection& selection = document.m_selection;
+    selection.m_nDivision = shown.nDivision; // the one of now may be gone
     document.m_hub.UpdateAllViews(nullptr, HINT_TRACKFILE_CHANGED);
     if (shown.nCompetitor == -1) {
         selection.m_nCompetitor = -1;

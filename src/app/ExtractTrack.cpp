@@ -62,7 +62,6 @@ void CopyDescription(const CSeries& source, CSeries& copy)
     copy.m_strFirmware = source.m_strFirmware;
     copy.m_strInfo = source.m_strInfo;
     copy.m_nLogRate = source.m_nLogRate;
-    copy.m_bModified = source.m_bModified;
     copy.m_bHasDoppler = source.m_bHasDoppler;
     copy.m_cReserved = source.m_cReserved;
     copy.m_dWindDirection = source.m_dWindDirection;
@@ -101,16 +100,19 @@ void ExtractTrack(CKestroDoc& document)
         copy.m_nTrack = created.m_points.GetCount() - 1;
     }
 
+    std::error_code ignored; // of a new project the data folder may not be there yet
+    std::filesystem::create_directories(FolderOf(created.m_strFileName), ignored);
+    CImportMonitor monitor;
+    if (!SaveTrackFile(monitor, created)) {
+        desktop.ShowMessage(FileFailureText(monitor, created.m_strFileName));
+        created.m_bModified = 1; // it is nowhere else, whatever its source is
+    }
+
     CEditRecorder recorder(document, "Extract Track");
     recorder.Touch(person, created, false);
     recorder.Do(std::make_unique<CObjectChange<CSeries>>(person.m_series, person.m_series.GetCount(),
                                                          std::move(pCreated)));
     recorder.MarkDocument();
-    std::error_code ignored; // of a new project the data folder may not be there yet
-    std::filesystem::create_directories(FolderOf(created.m_strFileName), ignored);
-    CImportMonitor monitor;
-    if (!SaveTrackFile(monitor, created))
-        desktop.ShowMessage(FileFailureText(monitor, created.m_strFileName));
     recorder.Finish();
     selection.SelectSeries(person.m_series.GetCount() - 1, false, true);
     recorder.Keep();

@@ -3,6 +3,7 @@
 #include "app/Document.h"
 #include "app/FailureText.h"
 #include "app/FileFilters.h"
+#include "app/ReplaceQuestion.h"
 #include "app/TrackFileImport.h"
 #include "engine/TrackPointDerivation.h"
 #include "platform/Path.h"
@@ -39,25 +40,11 @@ void DeleteManagedFile(const CSeries& series)
         fs::remove(FindFile(series.m_strFileName), ignored);
 }
 
-/// Derives all files of a competitor: each knows its place among them.
-void DeriveAll(CKestroDoc& document, CPerson& person)
-{
-    for (CSeries* pSeries : person.m_series)
-        RecalculateTrackPoints(document.m_event, person, *pSeries, document.m_surroundings.progress);
-}
-
 /// Nothing of what is about to be removed is referred to any more.
 void LetGo(CKestroDoc& document)
 {
     document.m_selection.Reset();
     document.m_history.Clear();
-}
-
-int FindSeries(const CPerson& person, std::string_view strName)
-{
-    const auto found =
-        std::ranges::find_if(person.m_series, [&](const CSeries* p) { return p->m_strName == strName; });
-    return found == person.m_series.end() ? -1 : static_cast<int>(found - person.m_series.begin());
 }
 
 /// The nameless empty file that a new competitor starts with.
@@ -79,15 +66,10 @@ bool ImportOne(CKestroDoc& document, CPerson& person, std::string_view strPath, 
     std::string strFile(strPath);
     int nReplaced = -1;
     if (pMoveTo == nullptr) {
-        nReplaced = FindSeries(person, FileTitle(strPath));
-        if (nReplaced != -1) {
-            const CUserPrompt::EAnswer answer = desktop.AskYesNoCancel(
-                "A series of this name already exists. Do you wish to replace the existing series?");
-            if (answer == CUserPrompt::EAnswer::Cancel)
-                return false;
-            if (answer == CUserPrompt::EAnswer::No)
-                nReplaced = -1;
-        }
+        const std::optional<int> answer = AskToReplace(desktop, person, strPath);
+        if (!answer.has_value())
+            return false;
+        nReplaced = *answer;
     } else {
         strFile = UniqueFileName(pMoveTo->strFolder, FileTitle(pMoveTo->strName), ".trk");
         if (!MoveFileTo(std::string(strPath), strFile)) {
@@ -115,7 +97,7 @@ bool ImportOne(CKestroDoc& document, CPerson& person, std::string_view strPath, 
         person.m_series.RemoveAt(nReplaced);
     if (person.m_series.GetCount() == 2 && IsPlaceholder(person.m_series[0]))
         person.m_series.RemoveAt(0);
-    DeriveAll(document, person);
+    DeriveAll(document.m_event, person, document.m_surroundings.progress);
     return true;
 }
 
@@ -171,7 +153,7 @@ void RemoveSeries(CKestroDoc& document, int nPerson, int nSeries, bool bDeleteFr
     if (bDeleteFromDisk)
         DeleteManagedFile(person.m_series[nSeries]);
     person.m_series.RemoveAt(nSeries);
-    DeriveAll(document, person);
+    DeriveAll(document.m_event, person, document.m_surroundings.progress);
 }
 
 void RemovePerson(CKestroDoc& document, int nPerson, bool bDeleteFromDisk)
@@ -184,7 +166,7 @@ void RemovePerson(CKestroDoc& document, int nPerson, bool bDeleteFromDisk)
         std::ranges::for_each(persons[nPerson].m_series, [](const CSeries* p) { DeleteManagedFile(*p); });
     persons.RemoveAt(nPerson);
     for (CPerson* pPerson : persons)
-        DeriveAll(document, *pPerson);
+        DeriveAll(document.m_event, *pPerson, document.m_surroundings.progress);
 }
 
 void DeleteCompetitor(CKestroDoc& document, int nPerson)
@@ -218,10 +200,13 @@ void CloseSeries(CKestroDoc& document, int nSeries, int nPoint)
     RemoveSeries(document, 0, nSeries, false);
     document.ShowNewTree();
     const int nLeft = person.m_series.GetCount();
-    document.m_selection.SelectSeries(std::clamp(nSeries, -1, nLeft - 1), true, true);
+    CViewSelection& selection = document.m_selection;
+    selection.SelectSeries(std::clamp(nSeries, -1, nLeft - 1), true, true);
     if (nLeft > 0 && nPoint >= 0) {
-        document.m_selection.SetFocusPoint(document.m_selection.m_nSeries, nPoint);
-        document.m_hub.UpdateAllViews(nullptr, HINT_FOCUS_MOVED);
+        const int nCount = selection.GetSeriesPoints(selection.m_nSeries).GetCount();
+        // A shorter file has nothing to do with where the other one was looked at.
+        const int nFocus = nPoint < nCount ? nPoint : nPoint == nCount ? nPoint - 1 : 0;
+        selection.MoveFocus(nullptr, selection.m_nSeries, nFocus);
     }
 }
 
@@ -279,7 +264,7 @@ bool EditSeriesProperties(CKestroDoc& document, int nSeries)
             desktop.ShowMessage("Failed to change the name of the file");
     }
     document.m_selection.ForgetResults();
-    DeriveAll(document, person);
+    DeriveAll(document.m_event, person, document.m_surroundings.progress);
     document.m_selection.RefreshResults(false);
     document.ShowNewTree();
     return true;

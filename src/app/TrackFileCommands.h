@@ -37,8 +37,8 @@ void RemovePerson(CKestroDoc& document, int nPerson, bool bDeleteFromDisk);
 /// The command: asks, and asks whether managed files are deleted as well.
 void DeleteCompetitor(CKestroDoc& document, int nPerson);
 
-/// Closes a track file of the current competitor after a question; the focus goes to `nPoint` of the file
-/// shown then.
+/// Closes a track file of the current competitor after a question. With a point the focus goes to the same
+/// one of the file shown then, to the one before it, or else to the first.
 void CloseSeries(CKestroDoc& document, int nSeries, int nPoint = -1);
 void CloseAllSeries(CKestroDoc& document);
 

@@ -20,4 +20,10 @@ CSeries* AddTrackFile(const CEvent& event, CPerson& person, std::string_view str
     return &series;
 }
 
+void DeriveAll(const CEvent& event, CPerson& person, CProgressDisplay& progress)
+{
+    for (CSeries* pSeries : person.m_series)
+        RecalculateTrackPoints(event, person, *pSeries, progress);
+}
+
 } // namespace kestrabel

@@ -14,4 +14,7 @@ namespace kestrabel {
 CSeries* AddTrackFile(const CEvent& event, CPerson& person, std::string_view strPath, CImportMonitor& monitor,
                       EImportEnd& end, CProgressDisplay& progress);
 
+/// Derives all files of a competitor: each knows its place among them.
+void DeriveAll(const CEvent& event, CPerson& person, CProgressDisplay& progress);
+
 } // namespace kestrabel

@@ -132,6 +132,12 @@ void CProjectTree::OnUpdate(EUpdateHint hint)
     Changed(); // any edit may set the "*" of a file
 }
 
+void CProjectTree::OnInitialUpdate()
+{
+    m_selected.reset();
+    Rebuild();
+}
+
 void CProjectTree::Changed() const
 {
     if (m_changed)

@@ -86,6 +86,7 @@ public:
 
     /// Changed properties of a track file, or other divisions, expand both roots.
     void OnUpdate(EUpdateHint hint) override;
+    void OnInitialUpdate() override;
 
     /// Called when rows, texts or selection may be others than before; the selected row, if any, is then to
     /// be scrolled into view.

@@ -20,6 +20,8 @@ class CPane
 public:
     virtual ~CPane() = default;
     virtual void OnUpdate(EUpdateHint hint) = 0;
+    /// Another project is open, or a new one: what the pane kept of the old one is to go. An update follows.
+    virtual void OnInitialUpdate() {}
 };
 
 /// Tells every pane but the sender what changed. Panes are borrowed and must be detached before they go.
@@ -36,6 +38,12 @@ public:
             if (pPane != pSender)
                 pPane->OnUpdate(hint);
         }
+    }
+
+    void InitialUpdate()
+    {
+        for (CPane* pPane : std::vector(m_panes))
+            pPane->OnInitialUpdate();
     }
 
 private:

@@ -249,6 +249,15 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     world.Do(ECommand::CloseTrackFile, second);
     EXPECT_EQ(world.Person().m_series.GetCount(), 2);
     EXPECT_EQ(selection.m_dFocusPoint, 9.0) << "the same point of the file that follows";
+    const int nCount = world.Series(1).m_points.GetCount();
+    for (const auto& [nPoint, dFocus] : {std::pair(nCount, nCount - 1.0), std::pair(nCount + 1, 0.0)}) {
+        EXPECT_TRUE(ImportSeries(world.document, world.Person(), world.WriteTrack("long.nmea", nCount + 5)));
+        selection.SelectSeries(2, false, true);
+        world.desktop.Question("Are you sure you wish to close long?", "OK");
+        CloseSeries(world.document, 2, nPoint);
+        EXPECT_EQ(selection.m_nSeries, 1);
+        EXPECT_EQ(selection.m_dFocusPoint, dFocus);
+    }
     world.Do(ECommand::ViewInNotepad, first);
     EXPECT_EQ(world.processes.m_started.at(1), world.Series(0).m_strFileName);
     selection.SelectSeries(1, false, true);
@@ -257,6 +266,11 @@ TEST(CommandRouter, CommandsOfTheTreeActOnTheirNode)
     world.Do(ECommand::CloseTrackFile, OnNode(NodeKind::TrackFile, 7)); // gone: asks nothing
     for (const ECommand command : {ECommand::ZoomIn, ECommand::NewNode, ECommand::EditNode})
         EXPECT_FALSE(world.router.CarryOut(command, second)) << "nothing for a track file";
+
+    EXPECT_EQ(tree.Rows().size(), 2U + 6U + 2U) << "with the files";
+    world.desktop.Question("Do you wish to save it?", "No");
+    world.Do(ECommand::New);
+    EXPECT_EQ(tree.Rows().size(), 2U + 6U) << "a new project shows its divisions only";
 }
 
 TEST(CommandRouter, CommandsOnPointsActOnSelectedRowsOrTheFocus)

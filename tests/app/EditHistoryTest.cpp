@@ -3,6 +3,7 @@
 #include "app/CompetitorCommands.h"
 #include "app/DivisionCommands.h"
 #include "app/OptionsCommands.h"
+#include "app/ResultsExportCommands.h"
 #include "app/TrackEditing.h"
 #include "app/WayPointCommands.h"
 #include "present/DeleteSlowPointsDialog.h"
@@ -237,6 +238,24 @@ TEST(EditHistory, UndoneToTheStartAndRedoneToTheEndEveryValueIsTheSame)
         }
         EXPECT_FALSE(history.Redo(world.document));
     }
+}
+
+TEST(EditHistory, ADivisionThatIsTakenBackIsNoLongerTheOneToExport)
+{
+    SAppWorld world;
+    ASSERT_TRUE(world.document.OnNewDocument());
+    world.selection.ShowDivisionResults(2);
+    world.desktop.Dialog<SEditDivisionDialog>([](SEditDivisionDialog& dialog) {
+        dialog.strName = "mile";
+        return true;
+    });
+    ASSERT_TRUE(AddDivision(world.document));
+    world.selection.ShowDivisionResults(6);
+    world.document.m_history.Undo(world.document);
+    EXPECT_EQ(world.selection.m_nDivision, 2);
+    world.desktop.Files("csv", {world.folder.Path("results.csv")});
+    ExportResults(world.document);
+    EXPECT_NE(CTemporaryFolder::Read(world.folder.Path("results.csv")).find("10 sec"), std::string::npos);
 }
 
 } // namespace

@@ -147,7 +147,16 @@ TEST_F(TrackEditing, ExtractChoosesAsTheRowsOfItsDialogSay)
         EXPECT_EQ(Marks(part), test.expected);
         EXPECT_TRUE(std::filesystem::exists(part.m_strFileName)) << part.m_strFileName;
         EXPECT_TRUE(part.m_strFileName.ends_with(strName + ".trk")) << part.m_strFileName;
+        EXPECT_EQ(part.m_bModified, 0) << "it is as on the disk, whether or not its source is";
+        source.m_bModified = 1;
     }
+    event.m_strDataFolder = folder.Write("no folder", "") + "/";
+    Select(0);
+    desktop.Dialog<SExtractTrackDialog>([](auto&) { return true; });
+    desktop.Message("All or part of the path is invalid");
+    ExtractTrack(document);
+    EXPECT_EQ(Person().m_series.Last()->m_bModified, 1) << "it is nowhere but here";
+    EXPECT_EQ(Person().m_series.Last()->m_points.GetCount(), 6);
 }
 
 TEST_F(TrackEditing, DeletesWhatIsInvalidButNoSpike)
@@ -250,7 +259,9 @@ TEST_F(TrackEditing, CombinesInTheOrderOfTimeUnderTheCommonName)
     } cases[] = {{"ride_1", "ride_2", "Ann", "ride__Combined"},
                  {"a", "b", "Ann", "Ann_Combined"},
                  {"a", "b", "", "_Combined"},
-                 {"ride_1", "ri", "Ann", "Ann_Combined"}};
+                 {"ride_1", "ri", "Ann", "Ann_Combined"},
+                 {"räd 1", "rüd 2", "Ann", "rd _Combined"},
+                 {"räö", "räü", "Ann", "Ann_Combined"}};
     for (const auto& test : cases) {
         Person().m_series.RemoveAll();
         Person().m_strName = test.pCompetitor;
@@ -274,6 +285,14 @@ TEST_F(TrackEditing, CombinesInTheOrderOfTimeUnderTheCommonName)
         EXPECT_NEAR(combined.m_points[0].m_position.m_dLatitude, 52.0 + 9e-5 * 1.7161071269286403, 1e-12)
             << "the mean of six taps, from the middle one outwards";
         EXPECT_EQ(Series(0).m_points.GetCount(), 6) << "the sources keep their points";
+    }
+    for (const auto& [pName, pCombined] : {std::pair("run", "run_Combined"), std::pair("ab", "Ann_Combined")})
+    {
+        Person().m_series.RemoveAll();
+        Person().m_strName = "Ann";
+        AddFile(pName, {0, 1, 2});
+        CreateCombinedSeries(document, 0);
+        EXPECT_EQ(Series(1).m_strName, pCombined) << "the only file's name, unless that tells too little";
     }
 }
 

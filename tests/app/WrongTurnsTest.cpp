@@ -114,7 +114,7 @@ TEST_F(WrongTurns, TheCloseCheckAsksForEveryFileAndThenForTheProject)
     const std::string strTwo = "The file " + Series(1).m_strFileName + " has changed.Do you wish to save it?";
     desktop.Question(strOne, "No").Question(strTwo, "Cancel");
     EXPECT_FALSE(application.OnClose());
-    EXPECT_EQ(settings.Read("Files", "LastDocument"), "");
+    EXPECT_EQ(settings.Read("Files", "LastDocument"), document.PathName());
     desktop.Question(strOne, "No").Question(strTwo, "Yes").Message("Cannot save to NMEA format");
     EXPECT_FALSE(application.OnClose()) << "it could not be saved in its own format";
     desktop.Question(strOne, "No").Question(strTwo, "No").Question("Do you wish to save it?", "No");
@@ -143,6 +143,43 @@ TEST_F(WrongTurns, RefusedFormatsSayWhyAndWriteNothing)
     EXPECT_FALSE(document.OnSaveDocument(folder.Path("a.gpx")));
 }
 
+TEST_F(WrongTurns, OnlyReadingAProjectTakesTheChangesOfTheOldOneAway)
+{
+    MoveDivisionUp(document, 1);
+    EXPECT_TRUE(application.OpenFiles({folder.Path("one.nmea")}));
+    EXPECT_TRUE(document.IsModified()) << "the divisions are still in another order than on the disk";
+    EXPECT_TRUE(application.OpenFiles({folder.Path("Default.rsp")}));
+    EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(WrongTurns, SaveWritesTheSelectedFileOverNoOtherOne)
+{
+    const std::string strFirst = folder.Path("a.gpx");
+    EXPECT_TRUE(document.OnSaveDocument(strFirst));
+    selection.SelectSeries(1, false, true);
+    EXPECT_TRUE(document.OnSaveDocument(folder.Path("B.gpx")));
+    EXPECT_TRUE(application.OpenFiles({strFirst, folder.Path("B.gpx")}));
+    const auto nFirst = fs::file_size(strFirst);
+    selection.SelectSeries(1, false, true);
+    selection.SetFocusPoint(1, 10.0);
+    DeletePoint(document, 10);
+    EXPECT_TRUE(document.OnFileSave());
+    EXPECT_EQ(Series(1).m_strName, "B");
+    EXPECT_EQ(document.PathName(), folder.Path("B.gpx"));
+
+    selection.SelectSeries(0, false, true);
+    selection.SetFocusPoint(0, 10.0);
+    SplitSeries(document);
+    EXPECT_TRUE(document.OnFileSave()) << "the second half";
+    EXPECT_TRUE(fs::exists(folder.Path("a_2.gpx")));
+    EXPECT_EQ(fs::file_size(strFirst), nFirst);
+    EXPECT_EQ(document.Title(), "a_2*") << "the first half is not saved yet";
+
+    selection.SelectSeries(-1, false, true);
+    desktop.Message("There is no trackfile to save");
+    EXPECT_FALSE(document.OnFileSave());
+}
+
 TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
 {
     const std::string strBefore = State();
@@ -154,6 +191,7 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     EXPECT_FALSE(application.OpenFiles({folder.Path("missing.rsp")}));
     fs::remove(strDamaged);
     EXPECT_EQ(State(), strBefore);
+    EXPECT_EQ(selection.m_Results.GetCount(), 5) << "the panes keep what they list";
 
     // As the default project it is put aside for repair, not written over.
     folder.Write("Default.rsp", "no project");
@@ -220,6 +258,37 @@ TEST_F(WrongTurns, NamesThatDifferOnlyInCaseAreTwoFiles)
     for (const int nSeries : {0, 1}) {
         ReloadSeries(document, nSeries);
         EXPECT_EQ(Series(nSeries).m_points.GetCount(), nSeries == 0 ? 10 : 20);
+    }
+}
+
+TEST_F(WrongTurns, OpeningTwoFilesOfOneNameAsksAsAnImportDoes)
+{
+    fs::create_directory(folder.Path("heat2"));
+    const std::string strFirst = folder.Path("one.nmea");
+    const std::string strSecond = WriteTrack("heat2/one.nmea", 20);
+    const std::string strThird = folder.Path("two.nmea");
+    const std::string strEmpty = folder.Write("empty.nmea", "");
+    const struct
+    {
+        const char* pAnswer;
+        std::vector<int> counts;
+        std::string strPath;
+    } cases[] = {
+        {"Yes", {20, 30}, strSecond},
+        {"No", {30, 20, 30}, strFirst},
+        {"Cancel", {30}, strFirst},
+    };
+    for (const auto& test : cases) {
+        desktop.Message("empty.nmea");
+        desktop.Question("A series of this name already exists.", test.pAnswer);
+        EXPECT_TRUE(application.OpenFiles({strEmpty, strFirst, strSecond, strThird})) << test.pAnswer;
+        std::vector<int> counts;
+        for (const CSeries* pSeries : Person().m_series) {
+            EXPECT_EQ(pSeries->m_points[0].m_nSeriesIndex, counts.size()) << test.pAnswer;
+            counts.push_back(pSeries->m_points.GetCount());
+        }
+        EXPECT_EQ(counts, test.counts) << test.pAnswer;
+        EXPECT_EQ(document.PathName(), test.strPath) << "the file that is shown";
     }
 }
 

@@ -98,6 +98,8 @@ TEST(ProjectTree, KeysAndClicksExpandAndCollapseTheRoots)
     EXPECT_EQ(Picture(tree), "->Divisions2 2 sec2, Mile2, +Track Files1 ");
     tree.OnUpdate(HINT_TRACKFILE_CHANGED);
     EXPECT_EQ(Picture(tree), "->Divisions2 2 sec2, Mile2, -Track Files1 5, ");
+    world.hub.InitialUpdate();
+    EXPECT_EQ(Picture(tree), "-Divisions2 2 sec2, Mile2, +Track Files1 ") << "as at the start";
 }
 
 TEST(ProjectTree, NodesFitIntoTheDataOfATreeItemAndRowsOnPages)
