@@ -81,7 +81,18 @@ std::string CKestroDoc::Title() const
 
 bool CKestroDoc::OnFileSave()
 {
-    return m_strPathName.empty() ? OnFileSaveAs() : OnSaveDocument(m_strPathName);
+    // The path is that of the file last opened or saved. The one that is shown may be another: it goes to its
+    // own file, and where it has none yet to one that is asked for.
+    std::string strPath = m_strPathName;
+    if (const CSeries* pSeries = m_selection.GetCurrentSeries();
+        pSeries != nullptr && FindFile(pSeries->m_strFileName) != FindFile(m_strPathName))
+        strPath = FindFile(pSeries->m_strFileName);
+    if (strPath.empty())
+        return OnFileSaveAs();
+    if (!OnSaveDocument(strPath))
+        return false;
+    SetPathName(strPath, false);
+    return true;
 }
 
 bool CKestroDoc::OnFileSaveAs()

@@ -164,6 +164,33 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     EXPECT_EQ(next.m_document.m_event.m_divisions.GetCount(), 6);
 }
 
+TEST_F(WrongTurns, SaveNeverWritesOneFileOverAnother)
+{
+    for (const int nSeries : {0, 1}) {
+        selection.SelectSeries(nSeries, false, true);
+        desktop.Files("Kestrabel files", {folder.Path(nSeries == 0 ? "One.gpx" : "Two.gpx")});
+        ASSERT_TRUE(document.OnFileSaveAs());
+    }
+    const std::string strTwo = CTemporaryFolder::Read(folder.Path("Two.gpx"));
+    selection.SelectSeries(0, false, true);
+    DeletePoint(document, 0);
+    EXPECT_TRUE(document.OnFileSave()) << "saved last was the other one";
+    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("Two.gpx")), strTwo);
+    EXPECT_EQ(document.Title(), "One");
+    EXPECT_EQ(Series(0).m_strName, "One");
+    EXPECT_EQ(Series(0).m_bModified, 0);
+    // One half of a split has a name of its own, an empty competitor's file has none.
+    selection.SetFocusPoint(0, 10.0);
+    SplitSeries(document);
+    const std::string strOne = CTemporaryFolder::Read(folder.Path("One.gpx"));
+    EXPECT_TRUE(document.OnFileSave());
+    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("One.gpx")), strOne);
+    document.CreateDefaultCompetitor();
+    selection.SelectSeries(0, false, true);
+    desktop.Files("Kestrabel files", {});
+    EXPECT_FALSE(document.OnFileSave());
+}
+
 TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
 {
     // Reading again: the changed file gives its new points, the deleted one keeps the old ones.
