@@ -29,7 +29,8 @@ void Export(CKestroDoc& document, TWrite&& write)
 void ExportResults(CKestroDoc& document)
 {
     const CViewSelection& selection = document.m_selection;
-    if (selection.m_nDivision != -1)
+    // The division shown last may be gone since: deleted, its addition undone, or another project opened.
+    if (selection.m_nDivision >= 0 && selection.m_nDivision < document.m_event.m_divisions.GetCount())
         ExportDivisionResults(document, selection.m_nDivision);
     else if (selection.m_nCompetitor != -1)
         ExportCompetitorResults(document, selection.m_nCompetitor, selection.m_nSeries);

@@ -191,6 +191,18 @@ TEST_F(WrongTurns, SaveNeverWritesOneFileOverAnother)
     EXPECT_FALSE(document.OnFileSave());
 }
 
+TEST_F(WrongTurns, ExportOfADivisionThatIsGoneIsOneOfTheTrackFile)
+{
+    const int nLast = event.m_divisions.GetCount() - 1;
+    selection.ShowDivisionResults(nLast);
+    selection.SelectSeries(0, false, true);
+    event.m_divisions.RemoveAt(nLast);
+    const std::string strTable = folder.Path("results.csv");
+    desktop.Files("csv", {strTable});
+    ExportResults(document);
+    EXPECT_THAT(CTemporaryFolder::Read(strTable), HasSubstr("one"));
+}
+
 TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
 {
     // Reading again: the changed file gives its new points, the deleted one keeps the old ones.
