@@ -36,7 +36,6 @@ bool CKestroDoc::OnOpenDocument(std::string_view strPath)
 
 bool CKestroDoc::OpenProject(std::string_view strPath)
 {
-    m_selection.ForgetResults();
     std::string strStoredPath; // where it was saved, perhaps on another machine
     try {
         LoadProject(strPath, m_event, strStoredPath);

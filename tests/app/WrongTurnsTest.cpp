@@ -149,7 +149,9 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     const std::string strGood = CTemporaryFolder::Read(folder.Path("Default.rsp"));
     const std::string strDamaged = folder.Write("damaged.rsp", strGood.substr(0, strGood.size() / 2));
     desktop.Message(strDamaged);
+    const int nResults = selection.m_Results.GetCount();
     EXPECT_FALSE(application.OpenFiles({strDamaged}));
+    EXPECT_EQ(std::pair(selection.m_Results.GetCount(), nResults > 0), std::pair(nResults, true));
     desktop.Message("missing.rsp");
     EXPECT_FALSE(application.OpenFiles({folder.Path("missing.rsp")}));
     fs::remove(strDamaged);
