@@ -5,16 +5,17 @@
 #include "app/NodeCommands.h"
 #include "app/OptionsCommands.h"
 #include "app/RecentFiles.h"
+#include "engine/Ranking.h"
 #include "formats/TrackFileDispatcher.h"
 #include "model/ProjectFile.h"
+#include "model/StoredForms.h"
 #include "platform/Path.h"
 #include "present/ResultGrid.h"
 #include "support/RandomDesktop.h"
 
 #include <cstdlib>
 #include <filesystem>
-#include <iostream>
-#include <numeric>
+#include <map>
 #include <set>
 
 namespace kestrabel::test {
@@ -103,10 +104,13 @@ public:
         m_mayWrite.clear();
         m_strDone.clear();
         m_bFilesAreFair = false;
+        m_bEdits = false;
         if (m_document.m_event.m_persons.IsEmpty() || PointCount() == 0) {
             if (m_random.OneIn(2))
                 OpenSomething();
         }
+        const std::string strProject = ProjectBytes();
+        const CPointsOfFiles points = UnmodifiedPoints();
         Act();
         SCOPED_TRACE("step " + std::to_string(nStep) + ": " + m_strDone);
         CheckSelection();
@@ -115,6 +119,13 @@ public:
         CheckGrid(m_points, nStep % 10 == 0);
         CheckTree();
         CheckFiles(filesBefore);
+        if (m_bEdits) {
+            EXPECT_TRUE(m_document.IsModified() || ProjectBytes() == strProject) << "a change of the project";
+            for (const auto& [pSeries, values] : UnmodifiedPoints())
+                EXPECT_TRUE(!points.contains(pSeries) || points.at(pSeries) == values) << pSeries->m_strName;
+        }
+        if (m_random.OneIn(6))
+            CheckCaches();
         EXPECT_EQ(m_progress.m_nOpen, 0);
         EXPECT_EQ(m_history.UndoCount() == 0, m_history.UndoName().empty());
         if (m_random.OneIn(12))
@@ -124,7 +135,31 @@ public:
     }
 
 private:
+    using CPointsOfFiles = std::map<const CSeries*, std::vector<double>>;
+
     // What the world has.
+
+    std::string ProjectBytes() const
+    {
+        CArchiveWriter writer;
+        WriteEvent(writer, m_document.m_event);
+        return {writer.Bytes().begin(), writer.Bytes().end()};
+    }
+    /// The times and positions of files that are as they were read or saved.
+    CPointsOfFiles UnmodifiedPoints() const
+    {
+        CPointsOfFiles files;
+        for (const CPerson* pPerson : m_document.m_event.m_persons) {
+            for (const CSeries* pSeries : pPerson->m_series) {
+                if (pSeries->m_bModified != 0)
+                    continue;
+                std::vector<double>& values = files[pSeries];
+                for (const CTrackPoint* p : pSeries->m_points)
+                    values.insert(values.end(), {p->m_time.m_dDays, p->m_position.m_dLatitude});
+            }
+        }
+        return files;
+    }
 
     int PointCount() const
     {
@@ -302,6 +337,15 @@ private:
             if (place.node.nKind == NodeKind::TrackFile && place.node.nIndex < files.GetCount())
                 m_mayWrite.push_back(files[place.node.nIndex].m_strFileName);
         }
+        constexpr ECommand edits[] = {
+            ECommand::DeleteInvalid, ECommand::DeleteSlowPoints,  ECommand::SortTrackPoints,
+            ECommand::SplitFile,     ECommand::ExtractTrack,      ECommand::MarkValid,
+            ECommand::MarkInvalid,   ECommand::DeleteTrackPoints, ECommand::AddWaypoint,
+            ECommand::AddCheckPoint, ECommand::NewNode,           ECommand::EditNode,
+            ECommand::AddDivision,   ECommand::DeleteDivision,    ECommand::MoveUp,
+            ECommand::AddCompetitor, ECommand::EditCompetitor,    ECommand::Undo,
+            ECommand::Redo,          ECommand::Options,           ECommand::Recalculate};
+        m_bEdits = std::ranges::count(edits, command) > 0;
         if (command == ECommand::DeleteCompetitor)
             m_bFilesAreFair = true; // with its files, when that is wished
         m_router.m_shownColumns = m_points.ShownPointColumns();
@@ -471,6 +515,42 @@ private:
                 << "lost: " << strPath;
         }
     }
+    /// What is kept of results, and what is listed, is what a calculation gives now.
+    void CheckCaches()
+    {
+        CViewSelection& selection = m_document.m_selection;
+        if (selection.GetCurrentPerson() == nullptr ||
+            (selection.m_nNodeKind != NodeKind::TrackFiles && selection.m_nNodeKind != NodeKind::Division))
+            return;
+        const std::vector<std::string> listed = Texts(selection.m_Results);
+        const std::vector<std::string> kept = AllTexts();
+        selection.ForgetResults();
+        for (CPerson* pPerson : m_document.m_event.m_persons) {
+            pPerson->m_results.RemoveAll();
+            pPerson->m_combined.m_divisions.RemoveAll();
+            for (CSeries* pSeries : pPerson->m_series)
+                pSeries->m_divisions.RemoveAll();
+        }
+        EXPECT_EQ(kept, AllTexts());
+        selection.RefreshResults(false);
+        EXPECT_EQ(listed, Texts(selection.m_Results)) << selection.m_nNodeKind;
+    }
+    std::vector<std::string> AllTexts()
+    {
+        CResultList results;
+        AllResults(m_document.m_event, -1, -1, results, m_progress);
+        return Texts(results);
+    }
+    static std::vector<std::string> Texts(const CResultList& results)
+    {
+        std::vector<std::string> texts;
+        for (const CResult* p : results) {
+            texts.push_back(p->m_strCompetitor + "|" + p->m_strDivision + "|" + p->m_strSeries + "|" +
+                            std::to_string(p->m_nStartIndex) + "-" + std::to_string(p->m_nEndIndex) + "|" +
+                            std::to_string(p->m_dSpeed) + "|" + std::to_string(p->m_nRank));
+        }
+        return texts;
+    }
     void CheckUndoAndRedo()
     {
         std::vector<CState> states = {StateOf(m_document)};
@@ -526,6 +606,7 @@ private:
     std::vector<CTrackPoint*> m_chosenPoints;
     std::vector<std::string> m_mayWrite; ///< paths that the command at hand is to write
     bool m_bFilesAreFair = false;        ///< whatever happens to them
+    bool m_bEdits = false;               ///< the command says what it changes
     std::string m_strDone;
 };
 
