@@ -81,13 +81,14 @@ std::string CKestroDoc::Title() const
 
 bool CKestroDoc::OnFileSave()
 {
-    if (m_strPathName.empty())
+    // The path is that of the file last opened or saved. The one that is shown may be another: it goes to its
+    // own file, and where it has none yet to one that is asked for.
+    std::string strPath = m_strPathName;
+    if (const CSeries* pSeries = m_selection.GetCurrentSeries();
+        pSeries != nullptr && FindFile(pSeries->m_strFileName) != FindFile(m_strPathName))
+        strPath = FindFile(pSeries->m_strFileName);
+    if (strPath.empty())
         return OnFileSaveAs();
-    // Of several open files, and of the halves of a split one, each has a name of its own: under the path
-    // that was opened first it would replace another recording.
-    const CSeries* pSeries = m_selection.GetCurrentSeries();
-    const bool bOwnName = pSeries != nullptr && !pSeries->m_strFileName.empty();
-    const std::string strPath = bOwnName ? FindFile(pSeries->m_strFileName) : m_strPathName;
     if (!OnSaveDocument(strPath))
         return false;
     SetPathName(strPath, false);

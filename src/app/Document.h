@@ -38,7 +38,7 @@ public:
     /// Saves the project, or the current track file in the format of the extension. False when nothing was
     /// written; the message says why.
     bool OnSaveDocument(std::string_view strPath);
-    /// Saves the current track file under its own name; asks for one while the document has no path.
+    /// Saves the current track file under its own path, or asks for one when it has none.
     bool OnFileSave();
     bool OnFileSaveAs();
     /// Asks for every modified track file, then for the project. False: it is not to be closed.

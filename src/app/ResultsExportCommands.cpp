@@ -29,8 +29,10 @@ void Export(CKestroDoc& document, TWrite&& write)
 void ExportResults(CKestroDoc& document)
 {
     const CViewSelection& selection = document.m_selection;
-    // The index stays behind when a track file is selected after a division.
-    if (selection.m_nNodeKind == NodeKind::Division && selection.m_nDivision != -1)
+    // The index stays behind when a track file is selected after a division, and when the division is gone:
+    // deleted, its addition undone, or another project opened.
+    if (selection.m_nNodeKind == NodeKind::Division && selection.m_nDivision >= 0 &&
+        selection.m_nDivision < document.m_event.m_divisions.GetCount())
         ExportDivisionResults(document, selection.m_nDivision);
     else if (selection.m_nCompetitor != -1)
         ExportCompetitorResults(document, selection.m_nCompetitor, selection.m_nSeries);

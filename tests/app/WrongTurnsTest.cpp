@@ -186,7 +186,9 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     const std::string strGood = CTemporaryFolder::Read(folder.Path("Default.rsp"));
     const std::string strDamaged = folder.Write("damaged.rsp", strGood.substr(0, strGood.size() / 2));
     desktop.Message(strDamaged);
+    const int nResults = selection.m_Results.GetCount();
     EXPECT_FALSE(application.OpenFiles({strDamaged}));
+    EXPECT_EQ(std::pair(selection.m_Results.GetCount(), nResults > 0), std::pair(nResults, true));
     desktop.Message("missing.rsp");
     EXPECT_FALSE(application.OpenFiles({folder.Path("missing.rsp")}));
     fs::remove(strDamaged);
@@ -200,6 +202,45 @@ TEST_F(WrongTurns, ADamagedProjectIsNeverThePathOfALaterSave)
     EXPECT_TRUE(next.InitInstance({}));
     EXPECT_EQ(CTemporaryFolder::Read(folder.Path("Default_BAK.rsp")), "no project");
     EXPECT_EQ(next.m_document.m_event.m_divisions.GetCount(), 6);
+}
+
+TEST_F(WrongTurns, SaveNeverWritesOneFileOverAnother)
+{
+    for (const int nSeries : {0, 1}) {
+        selection.SelectSeries(nSeries, false, true);
+        desktop.Files("Kestrabel files", {folder.Path(nSeries == 0 ? "One.gpx" : "Two.gpx")});
+        ASSERT_TRUE(document.OnFileSaveAs());
+    }
+    const std::string strTwo = CTemporaryFolder::Read(folder.Path("Two.gpx"));
+    selection.SelectSeries(0, false, true);
+    DeletePoint(document, 0);
+    EXPECT_TRUE(document.OnFileSave()) << "saved last was the other one";
+    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("Two.gpx")), strTwo);
+    EXPECT_EQ(document.Title(), "One");
+    EXPECT_EQ(Series(0).m_strName, "One");
+    EXPECT_EQ(Series(0).m_bModified, 0);
+    // One half of a split has a name of its own, an empty competitor's file has none.
+    selection.SetFocusPoint(0, 10.0);
+    SplitSeries(document);
+    const std::string strOne = CTemporaryFolder::Read(folder.Path("One.gpx"));
+    EXPECT_TRUE(document.OnFileSave());
+    EXPECT_EQ(CTemporaryFolder::Read(folder.Path("One.gpx")), strOne);
+    document.CreateDefaultCompetitor();
+    selection.SelectSeries(0, false, true);
+    desktop.Files("Kestrabel files", {});
+    EXPECT_FALSE(document.OnFileSave());
+}
+
+TEST_F(WrongTurns, ExportOfADivisionThatIsGoneIsOneOfTheTrackFile)
+{
+    const int nLast = event.m_divisions.GetCount() - 1;
+    selection.ShowDivisionResults(nLast);
+    selection.SelectSeries(0, false, true);
+    event.m_divisions.RemoveAt(nLast);
+    const std::string strTable = folder.Path("results.csv");
+    desktop.Files("csv", {strTable});
+    ExportResults(document);
+    EXPECT_THAT(CTemporaryFolder::Read(strTable), HasSubstr("one"));
 }
 
 TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
