@@ -3,29 +3,34 @@
 #include "platform/Path.h"
 #include "platform/SettingsStore.h"
 #include "ui/dialogs/Dialogs.h"
+#include "ui/dialogs/TextDialog.h"
 #include "ui/FileFilter.h"
 #include "ui/QtText.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QFileDialog>
 #include <QMessageBox>
+
+#include <algorithm>
 
 namespace kestrabel {
 
 namespace {
 
 constexpr const char* Caption = "Kestrabel";
+constexpr std::ptrdiff_t MostLines = 20; // of a message box; it does not scroll
 constexpr std::string_view FolderSection = "Folders";
 constexpr std::string_view OpenKind = "Open";
 constexpr std::string_view SaveKind = "Save";
 
 /// Shows a box with these buttons, one of which is what Esc means. With a check box its state goes in and
 /// comes out.
-QMessageBox::StandardButton Ask(QWidget& parent, QMessageBox::Icon icon, std::string_view strText,
+QMessageBox::StandardButton Ask(QWidget* pParent, QMessageBox::Icon icon, std::string_view strText,
                                 QMessageBox::StandardButtons buttons, QMessageBox::StandardButton escape,
                                 std::string_view strCheckBox = {}, bool* pChecked = nullptr)
 {
-    QMessageBox box(icon, Caption, ToQt(strText), buttons, &parent);
+    QMessageBox box(icon, Caption, ToQt(strText), buttons, pParent);
     box.setTextFormat(Qt::PlainText); // a file may be called "<b>"
     box.setEscapeButton(escape);
     if (pChecked != nullptr) {
@@ -41,20 +46,31 @@ QMessageBox::StandardButton Ask(QWidget& parent, QMessageBox::Icon icon, std::st
 
 } // namespace
 
+/// What is asked while a dialog is open belongs to that dialog.
+QWidget* CQtDesktop::Parent() const
+{
+    QWidget* pDialog = QApplication::activeModalWidget();
+    return pDialog == nullptr ? &m_parent : pDialog;
+}
+
 void CQtDesktop::ShowMessage(std::string_view strText)
 {
-    Ask(m_parent, QMessageBox::Warning, strText, QMessageBox::Ok, QMessageBox::Ok);
+    if (std::ranges::count(strText, '\n') > MostLines) {
+        ShowLongText(Parent(), Caption, strText);
+        return;
+    }
+    Ask(Parent(), QMessageBox::Warning, strText, QMessageBox::Ok, QMessageBox::Ok);
 }
 
 bool CQtDesktop::AskOkCancel(std::string_view strText)
 {
-    return Ask(m_parent, QMessageBox::Question, strText, QMessageBox::Ok | QMessageBox::Cancel,
+    return Ask(Parent(), QMessageBox::Question, strText, QMessageBox::Ok | QMessageBox::Cancel,
                QMessageBox::Cancel) == QMessageBox::Ok;
 }
 
 CUserPrompt::EAnswer CQtDesktop::AskYesNoCancel(std::string_view strText)
 {
-    switch (Ask(m_parent, QMessageBox::Question, strText,
+    switch (Ask(Parent(), QMessageBox::Question, strText,
                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel))
     {
     case QMessageBox::Yes: return EAnswer::Yes;
@@ -65,13 +81,13 @@ CUserPrompt::EAnswer CQtDesktop::AskYesNoCancel(std::string_view strText)
 
 bool CQtDesktop::AskYesNo(std::string_view strText)
 {
-    return Ask(m_parent, QMessageBox::Question, strText, QMessageBox::Yes | QMessageBox::No,
+    return Ask(Parent(), QMessageBox::Question, strText, QMessageBox::Yes | QMessageBox::No,
                QMessageBox::No) == QMessageBox::Yes;
 }
 
 bool CQtDesktop::AskYesNo(std::string_view strText, std::string_view strCheckBox, bool& bChecked)
 {
-    return Ask(m_parent, QMessageBox::Question, strText, QMessageBox::Yes | QMessageBox::No, QMessageBox::No,
+    return Ask(Parent(), QMessageBox::Question, strText, QMessageBox::Yes | QMessageBox::No, QMessageBox::No,
                strCheckBox, &bChecked) == QMessageBox::Yes;
 }
 
@@ -93,7 +109,7 @@ void CQtDesktop::RememberFolder(std::string_view strKind, std::string_view strPa
 std::vector<std::string> CQtDesktop::ChooseFilesToOpen(const SFileChoice& choice)
 {
     const QStringList paths =
-        QFileDialog::getOpenFileNames(&m_parent, ToQt(choice.strTitle), ToQt(StartOf(choice, OpenKind)),
+        QFileDialog::getOpenFileNames(Parent(), ToQt(choice.strTitle), ToQt(StartOf(choice, OpenKind)),
                                       QtFilters(choice.strFilter).join(";;"));
     std::vector<std::string> chosen;
     for (const QString& strPath : paths)
@@ -105,7 +121,7 @@ std::vector<std::string> CQtDesktop::ChooseFilesToOpen(const SFileChoice& choice
 
 std::string CQtDesktop::ChooseFileToSave(const SFileChoice& choice)
 {
-    QFileDialog dialog(&m_parent, ToQt(choice.strTitle), ToQt(StartOf(choice, SaveKind)));
+    QFileDialog dialog(Parent(), ToQt(choice.strTitle), ToQt(StartOf(choice, SaveKind)));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(QtFilters(choice.strFilter));
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !choice.bConfirmOverwrite);
@@ -124,67 +140,67 @@ std::string CQtDesktop::ChooseFileToSave(const SFileChoice& choice)
 
 bool CQtDesktop::Run(SAboutDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SCommandDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SDeleteSlowPointsDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SEditCompetitorDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog, *this);
 }
 bool CQtDesktop::Run(SEditDivisionDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog, *this);
 }
 bool CQtDesktop::Run(SExtractTrackDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SGridFieldsDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SOptionsDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SSelectCompetitorDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SSelectDivisionDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SSelectedPropertiesDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SSelectWayPointDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog, *this);
 }
 bool CQtDesktop::Run(SSortTrackPointsDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SSpeedDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(STrackFilePropertiesDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 bool CQtDesktop::Run(SWayPointDialog& dialog)
 {
-    return RunDialog(&m_parent, dialog);
+    return RunDialog(Parent(), dialog);
 }
 
 } // namespace kestrabel

@@ -42,6 +42,7 @@ public:
     bool Run(SWayPointDialog& dialog) override;
 
 private:
+    QWidget* Parent() const;
     std::string StartOf(const SFileChoice& choice, std::string_view strKind) const;
     void RememberFolder(std::string_view strKind, std::string_view strPath);
 
