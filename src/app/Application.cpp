@@ -1,11 +1,13 @@
 #include "app/Application.h"
 
+#include "app/DroppedFiles.h"
 #include "app/FileFilters.h"
 #include "app/RecentFiles.h"
 #include "platform/IniText.h"
 #include "platform/Path.h"
 #include "present/AboutDialog.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -25,7 +27,15 @@ bool CApplication::InitInstance(std::span<const std::string> files)
 {
     if (files.empty())
         return OpenDefaultProject() || m_document.OnNewDocument();
-    return OpenFiles({files.begin(), files.end()});
+    const auto project = std::ranges::find_if(files, IsProjectPath);
+    if (project == files.end() || files.size() == 1)
+        return OpenFiles({files.begin(), files.end()});
+    if (!OpenFiles({*project}))
+        return false;
+    std::vector<std::string> others(files.begin(), project);
+    others.insert(others.end(), std::next(project), files.end());
+    DropFiles(*this, others);
+    return true;
 }
 
 bool CApplication::OpenDefaultProject()

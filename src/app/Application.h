@@ -15,7 +15,8 @@ public:
     explicit CApplication(SSurroundings surroundings) : m_document(std::move(surroundings)) {}
 
     /// Opens the default project, or makes it where there is none, or opens the files that the command line
-    /// names, as if chosen together. False: there is no document, and the program ends.
+    /// names, as if chosen together; track files beside a project are imported into it. False: there is no
+    /// document, and the program ends.
     bool InitInstance(std::span<const std::string> files);
 
     /// The command "Open": closes what is open, with its questions, then opens what is chosen.

@@ -20,7 +20,7 @@ struct SDeleteSlowPointsDialog
         const SSpeedUnit& unit = SpeedUnitOf(event.m_nSpeedUnits);
         SDeleteSlowPointsDialog dialog;
         dialog.strUnit = unit.strText;
-        dialog.speed.Set(event.m_dStopRunSpeed * unit.dDisplayFactor);
+        dialog.speed.SetConverted(event.m_dStopRunSpeed * unit.dDisplayFactor);
         return dialog;
     }
     std::optional<SFieldProblem> Validate() const { return FirstProblem({&speed}); }

@@ -62,21 +62,27 @@ TEST(Print, GridFillsPagesFromHeadingToPageNumber)
     ASSERT_EQ(grid.RowCount(), 140);
 
     CGridPrintJob job(grid, "Event  Distance=1kms", "2026-11-23");
-    QImage page = BlankPage();
-    QPainter painter(&page);
-    const QRectF area = page.rect();
-    const int nPages = job.Paginate(painter, area);
+    constexpr int nMargin = 40;
+    const QRectF area = BlankPage().rect().adjusted(nMargin, nMargin, -nMargin, -nMargin);
+    int nPages = 0;
+    const auto drawn = [&](int nPage) {
+        QImage page = BlankPage();
+        QPainter painter(&page);
+        nPages = job.Paginate(painter, area);
+        job.DrawPage(painter, area, nPage);
+        painter.end();
+        return page;
+    };
+    const QImage first = drawn(0);
     ASSERT_GE(nPages, 2);
     EXPECT_LE(nPages, 4);
-    job.DrawPage(painter, area, 0);
-    const auto [nFirst, nLast] = InkedRows(page);
-    EXPECT_LT(nFirst, Dpi / 4) << "the heading stands on top";
-    EXPECT_GT(nLast, page.height() - Dpi / 4) << "the page's number below";
-    EXPECT_EQ(InkInColumn(page, page.width() - 1), 0) << "no column is cut by the paper's edge";
-
-    page.fill(Qt::white);
-    job.DrawPage(painter, area, nPages - 1);
-    EXPECT_GT(InkedRows(page).second, page.height() - Dpi / 4);
+    const auto [nFirst, nLast] = InkedRows(first);
+    EXPECT_LT(nFirst, nMargin + Dpi / 4) << "the heading stands on top";
+    EXPECT_GT(nLast, first.height() - nMargin - Dpi / 4) << "the page's number below";
+    EXPECT_LT(nLast, first.height() - nMargin);
+    EXPECT_EQ(InkInColumn(first, first.width() - nMargin + 2), 0) << "no column is cut by the paper's edge";
+    const QImage last = drawn(nPages - 1);
+    EXPECT_GT(InkedRows(last).second, last.height() - nMargin - Dpi / 4);
 }
 
 TEST(Print, TreeStandsInItsOrder)

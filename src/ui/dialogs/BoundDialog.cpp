@@ -84,10 +84,10 @@ bool CBoundDialog::Run(std::string_view strAccept, std::string_view strReject,
     auto* pButtons = new QDialogButtonBox;
     for (QPushButton* pButton : m_buttons)
         pButtons->addButton(pButton, QDialogButtonBox::ActionRole);
-    if (!strReject.empty())
-        pButtons->addButton(ToQt(strReject), QDialogButtonBox::RejectRole)->setAutoDefault(false);
     if (!strAccept.empty())
         pButtons->addButton(ToQt(strAccept), QDialogButtonBox::AcceptRole)->setDefault(true);
+    if (!strReject.empty())
+        pButtons->addButton(ToQt(strReject), QDialogButtonBox::RejectRole)->setAutoDefault(false);
     connect(pButtons, &QDialogButtonBox::accepted, this, &CBoundDialog::accept);
     connect(pButtons, &QDialogButtonBox::rejected, this, &CBoundDialog::reject);
     layout()->addWidget(pButtons);
@@ -111,6 +111,7 @@ void CBoundDialog::Tell(const SFieldProblem& problem)
     QMessageBox box(QMessageBox::Warning, windowTitle(), ToQt(problem.strMessage), QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
+    activateWindow(); // not every window manager gives the keyboard back
     QWidget* pControl = m_fields.ControlOf(problem.pField);
     if (pControl == nullptr)
         return;

@@ -67,10 +67,13 @@ bool RunDialog(QWidget* pParent, SEditDivisionDialog& dialog, CDesktop& desktop)
          {&dialog.useAltitude, &dialog.accumulation, &dialog.oneResultPerRun, &dialog.strict, &addToAll})
         pValues->addWidget(fields.Check(*pField));
     pValues->addStretch();
-    AddCalcUsing(box, *pColumns, dialog);
-
+    auto* pSources = new QVBoxLayout;
+    pColumns->addLayout(pSources);
+    AddCalcUsing(box, *pSources, dialog);
     QPushButton* pWayPoints =
-        box.AddButton(SEditDivisionDialog::AddWayPointsLabel, [&] { ChooseWayPoints(desktop, dialog); });
+        box.MakeButton(SEditDivisionDialog::AddWayPointsLabel, [&] { ChooseWayPoints(desktop, dialog); });
+    pSources->addWidget(pWayPoints);
+    pSources->addStretch();
     fields.Bind(&dialog.wayPoints, pWayPoints,
                 [&dialog, pWayPoints] { pWayPoints->setEnabled(dialog.bWayPointsEnabled); });
     return box.RunOkCancel([&] { return dialog.Validate(); });
