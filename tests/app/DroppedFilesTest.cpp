@@ -26,16 +26,17 @@ TEST(DroppedFiles, ProjectsOpenTracksAreImportedFoldersAreWalked)
     EXPECT_EQ(world.document.m_importLog.Summary(), "3 files: 35 fixes read");
 
     // The command line names them alike.
+    SAppWorld next;
     const std::string named[] = {strTwo, strProject, strOne};
-    ASSERT_TRUE(world.application.InitInstance(named));
-    EXPECT_EQ(world.document.m_strProjectPath, strProject);
-    EXPECT_EQ(world.Person().m_series.GetCount(), 2);
+    ASSERT_TRUE(next.application.InitInstance(named));
+    EXPECT_EQ(next.document.m_strProjectPath, strProject);
+    EXPECT_EQ(next.Person().m_series.GetCount(), 2);
 
     // A project is not opened over what the user wants to keep.
     world.Series(0).m_bModified = 1;
     world.desktop.Question("has changed.Do you wish to save it?", "Cancel");
     DropFiles(world.application, paths);
-    EXPECT_EQ(world.Person().m_series.GetCount(), 2);
+    EXPECT_EQ(world.Person().m_series.GetCount(), 3);
 }
 
 } // namespace

@@ -337,14 +337,15 @@ private:
             if (place.node.nKind == NodeKind::TrackFile && place.node.nIndex < files.GetCount())
                 m_mayWrite.push_back(files[place.node.nIndex].m_strFileName);
         }
+        // Undo is none: it may come back to what was saved, and then the mark goes.
         constexpr ECommand edits[] = {
             ECommand::DeleteInvalid, ECommand::DeleteSlowPoints,  ECommand::SortTrackPoints,
             ECommand::SplitFile,     ECommand::ExtractTrack,      ECommand::MarkValid,
             ECommand::MarkInvalid,   ECommand::DeleteTrackPoints, ECommand::AddWaypoint,
             ECommand::AddCheckPoint, ECommand::NewNode,           ECommand::EditNode,
             ECommand::AddDivision,   ECommand::DeleteDivision,    ECommand::MoveUp,
-            ECommand::AddCompetitor, ECommand::EditCompetitor,    ECommand::Undo,
-            ECommand::Redo,          ECommand::Options,           ECommand::Recalculate};
+            ECommand::AddCompetitor, ECommand::EditCompetitor,    ECommand::Options,
+            ECommand::Recalculate};
         m_bEdits = std::ranges::count(edits, command) > 0;
         if (command == ECommand::DeleteCompetitor)
             m_bFilesAreFair = true; // with its files, when that is wished
