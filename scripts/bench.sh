@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-packages.sh
-bash scripts/packages.sh "${build_packages[@]}" libbenchmark-dev libgeographiclib-dev gpsbabel
+bash scripts/packages.sh "${build_packages[@]}" "${window_packages[@]}" libbenchmark-dev libgeographiclib-dev gpsbabel
 
 fixes=${1:-1000000}
 runs=5
@@ -38,6 +38,10 @@ echo
 echo "## Every kind of division"
 "$programs/kestrabel-kinds" "$((fixes / 10))" "$fixes" 2> /dev/null | grep '^|' ||
   echo "A target was missed."
+
+echo
+echo "## The window"
+QT_QPA_PLATFORM=offscreen "$programs/kestrabel-window-bench" "$session.sbp" 2> /dev/null | grep '^|'
 
 echo
 echo "## Whole processes, processor time, in pairs"

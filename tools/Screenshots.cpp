@@ -72,7 +72,7 @@ struct SAlbum
 
 void Darken()
 {
-    QPalette dark(QColor(45, 45, 45), QColor(30, 30, 30));
+    QPalette dark(QColor(66, 66, 66), QColor(53, 53, 53));
     dark.setColor(QPalette::Base, QColor(32, 32, 32));
     dark.setColor(QPalette::Highlight, QColor(46, 110, 180));
     dark.setColor(QPalette::HighlightedText, Qt::white);
@@ -161,7 +161,8 @@ int main(int nArguments, char** ppArguments)
         return 1;
     frame.Router().CarryOut(ECommand::ShowTree);
     CKestroDoc& document = frame.Application().m_document;
-    ClickNode(document, {NodeKind::Division, 5}); // 500 metres
+    ClickNode(document, TrackFilesRoot); // the points of all of them
+    ClickNode(document, {NodeKind::Division, 5});
     for (CGridView* pGrid : frame.findChildren<CGridView*>()) {
         if (pGrid->accessibleName() == "Results")
             pGrid->setCurrentIndex(pGrid->model()->index(0, 0));
