@@ -87,6 +87,8 @@ constexpr SMenuItem TrackFilesNodeMenu[] = {
     {"Read from GPS", ReadFromGps},
     {"Export Results", ExportResults},
     {"Create Combined File", CreateCombinedFile},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 constexpr SMenuItem TrackFileNodeMenu[] = {
@@ -105,6 +107,8 @@ constexpr SMenuItem TrackFileNodeMenu[] = {
 constexpr SMenuItem DivisionsNodeMenu[] = {
     {"&New", NewNode},
     {"Export Results", ExportResults},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 constexpr SMenuItem DivisionNodeMenu[] = {
@@ -116,6 +120,8 @@ constexpr SMenuItem DivisionNodeMenu[] = {
 
 constexpr SMenuItem ResultGridMenu[] = {
     {"Grid &Fields...", Fields},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 constexpr SMenuItem PointGridMenu[] = {
@@ -128,6 +134,8 @@ constexpr SMenuItem PointGridMenu[] = {
     {"Add CheckPoint...", AddCheckPoint},
     {"Selected Properties...", SelectedProperties},
     {"Grid &Fields...", Fields},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 constexpr SMenuItem GraphMenu[] = {

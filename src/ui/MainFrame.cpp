@@ -211,7 +211,7 @@ CGridView* CMainFrame::ActiveGrid() const
     return m_pResultPane->hasFocus() ? m_pResultPane : m_pPointPane;
 }
 
-/// The menu prints the track points, whichever pane is active.
+/// The main menu prints the track points, whichever pane is active; context menus print their own pane.
 std::unique_ptr<CPrintJob> CMainFrame::PrintJobOf(EPane pane) const
 {
     const CKestroDoc& document = m_pApplication->m_document;
@@ -219,6 +219,9 @@ std::unique_ptr<CPrintJob> CMainFrame::PrintJobOf(EPane pane) const
     const std::string strTitle(document.Title());
     if (pane == EPane::Tree)
         return std::make_unique<CTreePrintJob>(m_pTree->Rows(), strTitle, strDate);
+    if (pane == EPane::ResultGrid)
+        return std::make_unique<CGridPrintJob>(
+            *m_pResults, ToQt(document.m_selection.m_strCaption + "  " + strTitle), strDate);
     return std::make_unique<CGridPrintJob>(
         *m_pPoints, ToQt(PrintHeading(document.m_event, document.m_selection, strTitle)), strDate);
 }

@@ -135,8 +135,9 @@ TEST(CommandRouter, NoItemIsDead)
     }
     EXPECT_EQ(strDisabled,
               "&Print...;Print Pre&view;P&rint Setup...;E&xit;&Undo;&Redo;Show Division Results;a button;"
-              "a button;a button;a button;Grid &Fields...;Grid &Fields...;Graph &Fields...;Zoom In;Zoom Out;"
-              "Zoom All;Graph &Fields...;Zoom In;Zoom Out;Zoom All;");
+              "a button;a button;a button;Print...;Print Preview;Print...;Print Preview;Grid &Fields...;"
+              "Print...;Print Preview;Grid &Fields...;Print...;Print Preview;Graph &Fields...;Zoom In;"
+              "Zoom Out;Zoom All;Graph &Fields...;Zoom In;Zoom Out;Zoom All;");
 
     // Somebody carries out what is enabled, though the user cancels everything.
     CUnwillingDesktop unwilling;
