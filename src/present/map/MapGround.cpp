@@ -24,16 +24,15 @@ std::vector<SMapLines> TrackLines(const SMapTrack& track, SMapRange range, const
 {
     std::vector<SMapLines> valid(track.palette.size());
     SMapLines invalid = {MapPen::Invalid, {}};
+    const SMapPath path = {track.positions, track.blocks};
     const std::uint16_t* pPens = track.pens.data();
     if (track.bHasInvalid) {
         ForEachVisibleLine(
-            track.positions, range, transform, cover, bReduce,
-            [&](int i) { return pPens[i] == SMapTrack::InvalidPen; },
+            path, range, transform, cover, bReduce, [&](int i) { return pPens[i] == SMapTrack::InvalidPen; },
             [&](int, const SMapPoint& from, const SMapPoint& to) { invalid.Add(from, to); });
     }
     ForEachVisibleLine(
-        track.positions, range, transform, cover, bReduce,
-        [&](int i) { return pPens[i] != SMapTrack::InvalidPen; },
+        path, range, transform, cover, bReduce, [&](int i) { return pPens[i] != SMapTrack::InvalidPen; },
         [&](int i, const SMapPoint& from, const SMapPoint& to) { valid[pPens[i]].Add(from, to); });
 
     std::vector<SMapLines> lines;

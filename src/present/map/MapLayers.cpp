@@ -11,19 +11,19 @@ namespace {
 constexpr double CrossArm = 25.0; // pixels of the screen
 
 /// The points of the picked run's file, from the tracks when it is shown, else copied into `copy`.
-std::span<const CPosition> RunPositions(const CViewSelection& selection, std::span<const SMapTrack> tracks,
-                                        std::vector<CPosition>& copy)
+SMapPath RunPath(const CViewSelection& selection, std::span<const SMapTrack> tracks,
+                 std::vector<CPosition>& copy)
 {
     for (const SMapTrack& track : tracks) {
         if (track.nSeries == selection.m_nRunSeries && selection.m_nRunCompetitor == selection.m_nCompetitor)
-            return track.positions;
+            return {track.positions, track.blocks};
     }
     const CPerson* pPerson = selection.GetCurrentPerson();
     if (pPerson == nullptr || selection.m_nRunSeries >= pPerson->m_series.GetCount())
         return {};
     for (const CTrackPoint* pPoint : pPerson->m_series[selection.m_nRunSeries].m_points)
         copy.push_back(pPoint->m_position);
-    return copy;
+    return {copy, {}};
 }
 
 void AddCircle(const SMapSurface& surface, const CPosition& centre, double dRadius, SMapLayer& layer)
@@ -62,12 +62,12 @@ void AddGates(const SMapSurface& surface, const CEvent& event, const CViewSelect
 
 /// The lines come from the run's end; each begins where the one after it ends, unless something between them
 /// is not seen.
-void AddRunLines(const SMapSurface& surface, std::span<const CPosition> positions, SMapRange range,
-                 bool bReduce, SMapLayer& layer)
+void AddRunLines(const SMapSurface& surface, const SMapPath& path, SMapRange range, bool bReduce,
+                 SMapLayer& layer)
 {
     CMapCover cover(surface.transform.m_rcDevice);
     ForEachVisibleLine(
-        positions, range, surface.transform, cover, bReduce, [](int) { return true; },
+        path, range, surface.transform, cover, bReduce, [](int) { return true; },
         [&](int, const SMapPoint& from, const SMapPoint& to) {
             if (layer.polylines.empty() || layer.polylines.back().points.back() != to)
                 layer.polylines.push_back({MapPen::Run, {to}});
@@ -104,22 +104,23 @@ SMapLayer RunLayer(const SMapSurface& surface, const CEvent& event, std::span<co
         selection.m_nRunStart < 0)
         return layer;
     std::vector<CPosition> copy;
-    const std::span<const CPosition> positions = RunPositions(selection, tracks, copy);
+    const SMapPath path = RunPath(selection, tracks, copy);
     const int nStart = selection.m_nRunStart;
-    if (nStart >= static_cast<int>(positions.size()))
+    if (nStart >= static_cast<int>(path.positions.size()))
         return layer;
 
     const bool bGates = selection.m_nRunKind == DivisionKind::LapRacing ||
                         selection.m_nRunKind == DivisionKind::Splits ||
                         selection.m_nRunKind == DivisionKind::CheckPoints;
     if (selection.m_nRunKind == DivisionKind::AlphaRacing && selection.m_dRunProximity > 0.0)
-        AddCircle(surface, positions[static_cast<std::size_t>(nStart)], selection.m_dRunProximity, layer);
+        AddCircle(surface, path.positions[static_cast<std::size_t>(nStart)], selection.m_dRunProximity,
+                  layer);
     else if (bGates)
         AddGates(surface, event, selection, layer);
 
     const SMapRange shown = ShownRange(selection, selection.m_nRunSeries, options.bNeighborhood);
     AddRunLines(
-        surface, positions,
+        surface, path,
         {.nFirst = std::max(nStart + 1, shown.nFirst), .nLast = std::min(selection.m_nRunEnd, shown.nLast)},
         options.bReduce, layer);
     return layer;

@@ -3,6 +3,8 @@
 #include "model/SpeedUnits.h"
 #include "present/map/MapColors.h"
 
+#include <span>
+
 namespace kestrabel {
 
 namespace {
@@ -17,6 +19,20 @@ SMapTrack Pack(const CSeries& series, int nSeries)
     track.positions.reserve(nPoints);
     track.pens.reserve(nPoints);
     return track;
+}
+
+std::vector<CGeoRect> BlocksOf(std::span<const CPosition> positions)
+{
+    std::vector<CGeoRect> blocks;
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        if (i % SMapTrack::BlockPoints == 0) {
+            blocks.push_back(CGeoRect::Empty());
+            if (i > 0)
+                blocks.back().Extend(positions[i - 1]);
+        }
+        blocks.back().Extend(positions[i]);
+    }
+    return blocks;
 }
 
 } // namespace
@@ -52,6 +68,7 @@ std::vector<SMapTrack> MakeMapTracks(const CEvent& event, const CViewSelection& 
             }
             track.pens.push_back(nPen);
         }
+        track.blocks = BlocksOf(track.positions);
         tracks.push_back(std::move(track));
     }
     return tracks;

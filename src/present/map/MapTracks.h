@@ -23,6 +23,10 @@ struct SMapTrack
     CLargeVector<std::uint16_t> pens;  ///< of the line to the point: index in the palette, or InvalidPen
     std::vector<SMapPen> palette;      ///< a speed that no point has leaves its pen plain
     bool bHasInvalid = false;
+    /// The boxes of stretches of the track: of the points at k * BlockPoints - 1 to (k + 1) * BlockPoints -
+    /// 1, so that each holds all lines that lead to its points.
+    std::vector<CGeoRect> blocks;
+    static constexpr int BlockPoints = 128;
 
     int Count() const { return static_cast<int>(positions.size()); }
 };
