@@ -63,16 +63,19 @@ void CMapTransform::SetWorld(const CGeoRect& world)
     m_dDevAnchorY = std::round(m_rcDevice.nBottom - m_rcDevice.Height() * m_dAnchorFracY);
 }
 
+/// Fitting the visible world like an extent would shrink it: what is visible has the shape of the map
+/// already.
 void CMapTransform::SetDeviceRect(const SMapArea& device, bool bKeepWorld)
 {
-    const CGeoRect visible = VisibleWorld();
+    const double dFactor =
+        std::max(m_rcDevice.Width() / device.Width(), m_rcDevice.Height() / device.Height());
     m_rcDevice = device;
-    if (bKeepWorld) {
-        SetWorld(visible);
-        return;
-    }
     m_dDevAnchorX = std::round(device.nLeft + device.Width() * m_dAnchorFracX);
     m_dDevAnchorY = std::round(device.nBottom - device.Height() * m_dAnchorFracY);
+    if (!bKeepWorld)
+        return;
+    m_dUnitsPerPixelX *= dFactor;
+    m_dUnitsPerPixelY *= dFactor;
 }
 
 void CMapTransform::SetDeviceAnchor(const SMapPoint& point)

@@ -47,7 +47,8 @@ public:
     /// Shows the whole of `world` in the rectangle as it is, the anchor at its fractions of both. The zoom
     /// factor stays.
     void SetWorld(const CGeoRect& world);
-    /// Another rectangle: the same world, fitted into it, or with `bKeepWorld` off the same scale.
+    /// Another rectangle: at least the same world, as large as it fits, or with `bKeepWorld` off the same
+    /// scale. The anchor stays at its fractions, the zoom factor as it is.
     void SetDeviceRect(const SMapArea& device, bool bKeepWorld = true);
     /// What zooming out returns to, without showing it now.
     void SetExtent(const CGeoRect& world) { m_rcExtent = world; }
