@@ -170,7 +170,7 @@ bool CCommandRouter::OnFrame(ECommand command, const SCommandPlace& place)
 bool CCommandRouter::OnPoints(ECommand command, const SCommandPlace& place)
 {
     if (place.pane != EPane::PointGrid)
-        return OnFocus(command);
+        return OnFocus(command, place);
     switch (command) {
     case ECommand::MarkValid: MarkPoints(m_document, place.points, false); return true;
     case ECommand::MarkInvalid: MarkPoints(m_document, place.points, true); return true;
@@ -188,13 +188,21 @@ bool CCommandRouter::OnPoints(ECommand command, const SCommandPlace& place)
         // The first row is the point that is meant, wherever the focus was.
         if (!place.points.empty())
             m_document.m_selection.SetFocusPoint(place.points[0]->m_nSeriesIndex, place.points[0]->m_nTrack);
-        return OnFocus(command);
+        return OnFocus(command, place);
     default: return false;
     }
 }
 
-bool CCommandRouter::OnFocus(ECommand command)
+bool CCommandRouter::OnFocus(ECommand command, const SCommandPlace& place)
 {
+    if (place.position && command == ECommand::AddWaypoint) {
+        AddWaypointAtPosition(m_document, *place.position);
+        return true;
+    }
+    if (place.position && command == ECommand::AddCheckPoint) {
+        AddCheckPointAtPosition(m_document, *place.position);
+        return true;
+    }
     const auto focus = [&] {
         ShowFocusFile();
         return static_cast<int>(m_document.m_selection.m_dFocusPoint);

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -30,6 +31,8 @@ struct SCommandPlace
     STreeNode node = {};                       ///< of the tree
     std::span<CTrackPoint* const> points = {}; ///< selected in the track-point grid, in its order
     bool bCtrlHeld = false;
+    /// Clicked on the map, for a new waypoint where there is no point; none: the focus point is meant.
+    std::optional<CPosition> position = {};
 };
 
 /// What of the window is shown.
@@ -63,7 +66,7 @@ public:
 
     /// False, and nothing happened, when the command is not available.
     bool CarryOut(ECommand command, const SCommandPlace& place = {});
-    /// What Backspace does in the track-point grid.
+    /// What Backspace does in the panes of points.
     void DeletePointBeforeFocus();
 
     SCommandState State(ECommand command, const SCommandPlace& place = {}) const;
@@ -77,7 +80,7 @@ public:
 private:
     bool OnFrame(ECommand command, const SCommandPlace& place);
     bool OnPoints(ECommand command, const SCommandPlace& place);
-    bool OnFocus(ECommand command);
+    bool OnFocus(ECommand command, const SCommandPlace& place);
     void ShowFocusFile();
     void OpenNew();
 

@@ -27,26 +27,24 @@ std::unique_ptr<CWayPoint> AskForWayPoint(CKestroDoc& document, bool bCheckPoint
     return pWayPoint;
 }
 
-/// The point of what is shown; null for an index that it has not.
-const CTrackPoint* ShownPoint(CViewSelection& selection, int nPoint)
+/// Where the point of what is shown is; null for an index that it has not.
+const CPosition* PositionOf(CViewSelection& selection, int nPoint)
 {
     const CObjectArray<CTrackPoint>& points = selection.GetSeriesPoints(selection.m_nSeries);
-    return nPoint >= 0 && nPoint < points.GetCount() ? points.At(nPoint) : nullptr;
+    return nPoint >= 0 && nPoint < points.GetCount() ? &points[nPoint].m_position : nullptr;
 }
 
-} // namespace
-
-void AddWaypointAtPoint(CKestroDoc& document, int nPoint)
+/// `pPosition` is null where a point is meant that does not exist.
+void AddWaypointAt(CKestroDoc& document, const CPosition* pPosition)
 {
     CViewSelection& selection = document.m_selection;
-    const CTrackPoint* pPoint = ShownPoint(selection, nPoint);
-    if (selection.GetCurrentSeries() == nullptr || pPoint == nullptr) {
+    if (selection.GetCurrentSeries() == nullptr || pPosition == nullptr) {
         document.m_surroundings.desktop.ShowMessage("First select a point to add it as a waypoint");
         return;
     }
     CObjectArray<CWayPoint>& wayPoints = document.m_event.m_waypoints;
     const int nCount = wayPoints.GetCount();
-    auto pWayPoint = AskForWayPoint(document, false, "WP" + std::to_string(nCount + 1), pPoint->m_position);
+    auto pWayPoint = AskForWayPoint(document, false, "WP" + std::to_string(nCount + 1), *pPosition);
     if (pWayPoint == nullptr)
         return;
     CEditRecorder recorder(document, "Add Waypoint");
@@ -57,18 +55,17 @@ void AddWaypointAtPoint(CKestroDoc& document, int nPoint)
     recorder.Keep();
 }
 
-void AddCheckPointAtPoint(CKestroDoc& document, int nPoint)
+void AddCheckPointAt(CKestroDoc& document, const CPosition* pPosition)
 {
     CViewSelection& selection = document.m_selection;
     CSeries* pSeries = selection.GetCurrentSeries();
-    const CTrackPoint* pPoint = ShownPoint(selection, nPoint);
-    if (pSeries == nullptr || pPoint == nullptr) {
+    if (pSeries == nullptr || pPosition == nullptr) {
         document.m_surroundings.desktop.ShowMessage("First select a file to add a check point");
         return;
     }
     CEvent& event = document.m_event;
     const int nCount = pSeries->m_waypoints.GetCount();
-    auto pWayPoint = AskForWayPoint(document, true, "CP" + std::to_string(nCount + 1), pPoint->m_position);
+    auto pWayPoint = AskForWayPoint(document, true, "CP" + std::to_string(nCount + 1), *pPosition);
     if (pWayPoint == nullptr)
         return;
 
@@ -97,6 +94,28 @@ void AddCheckPointAtPoint(CKestroDoc& document, int nPoint)
     else
         selection.ShowDivisionResults(nDivision);
     recorder.Keep();
+}
+
+} // namespace
+
+void AddWaypointAtPoint(CKestroDoc& document, int nPoint)
+{
+    AddWaypointAt(document, PositionOf(document.m_selection, nPoint));
+}
+
+void AddWaypointAtPosition(CKestroDoc& document, const CPosition& position)
+{
+    AddWaypointAt(document, &position);
+}
+
+void AddCheckPointAtPoint(CKestroDoc& document, int nPoint)
+{
+    AddCheckPointAt(document, PositionOf(document.m_selection, nPoint));
+}
+
+void AddCheckPointAtPosition(CKestroDoc& document, const CPosition& position)
+{
+    AddCheckPointAt(document, &position);
 }
 
 } // namespace kestrabel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "geo/Position.h"
+
 namespace kestrabel {
 
 class CKestroDoc;
@@ -10,9 +12,12 @@ class CKestroDoc;
 
 /// Adds a waypoint to the event.
 void AddWaypointAtPoint(CKestroDoc& document, int nPoint);
+/// The same at a position where there is no point; a track file must be shown all the same.
+void AddWaypointAtPosition(CKestroDoc& document, const CPosition& position);
 
 /// Adds a checkpoint to the track file, and with the first one the division that judges checkpoints, whose
 /// results are then shown.
 void AddCheckPointAtPoint(CKestroDoc& document, int nPoint);
+void AddCheckPointAtPosition(CKestroDoc& document, const CPosition& position);
 
 } // namespace kestrabel

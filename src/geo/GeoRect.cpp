@@ -22,6 +22,25 @@ void CGeoRect::Extend(const CPosition& position)
     m_dSouth = std::min(m_dSouth, position.m_dLatitude);
 }
 
+void CGeoRect::Extend(const CGeoRect& other)
+{
+    m_dWest = std::min(m_dWest, other.m_dWest);
+    m_dEast = std::max(m_dEast, other.m_dEast);
+    m_dNorth = std::max(m_dNorth, other.m_dNorth);
+    m_dSouth = std::min(m_dSouth, other.m_dSouth);
+}
+
+void CGeoRect::Scale(double dFactor)
+{
+    const CPosition centre = Centre();
+    const double dHalfWidth = Width() / 2.0 * dFactor;
+    const double dHalfHeight = Height() / 2.0 * dFactor;
+    *this = {.m_dWest = centre.m_dLongitude - dHalfWidth,
+             .m_dNorth = centre.m_dLatitude + dHalfHeight,
+             .m_dEast = centre.m_dLongitude + dHalfWidth,
+             .m_dSouth = centre.m_dLatitude - dHalfHeight};
+}
+
 CGeoRect BoxAround(const CPosition& centre, double dRadius)
 {
     const double dLatitude = dRadius * DegreesPerKilometre;

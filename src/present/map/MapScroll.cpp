@@ -1,0 +1,55 @@
+#include "present/map/MapScroll.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrabel {
+
+namespace {
+
+int PageOf(const CMapTransform& transform)
+{
+    return static_cast<int>(std::clamp(std::round(transform.m_dZoomFactor * SMapScroll::Range), 1.0,
+                                       static_cast<double>(SMapScroll::Range)));
+}
+
+} // namespace
+
+SMapScroll ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScrollBar bar)
+{
+    const CGeoRect visible = transform.VisibleWorld();
+    const double dPosition = bar == EScrollBar::Horizontal
+                                 ? (visible.m_dWest - extent.m_dWest) * SMapScroll::Range / extent.Width()
+                                 : (extent.m_dNorth - visible.m_dNorth) * SMapScroll::Range / extent.Height();
+    const int nPage = PageOf(transform);
+    const double dLast = SMapScroll::Range - nPage;
+    // An extent that is a line has no position along its other direction.
+    const double dShown = std::isfinite(dPosition) ? std::clamp(std::round(dPosition), 0.0, dLast) : 0.0;
+    return {.bShown = transform.IsZoomed(), .nPage = nPage, .nPosition = static_cast<int>(dShown)};
+}
+
+void ScrollMap(CMapTransform& transform, const CGeoRect& extent, EScrollBar bar, EScroll scroll, int nThumb)
+{
+    const SMapScroll now = ScrollOf(transform, extent, bar);
+    const int nLast = SMapScroll::Range - now.nPage;
+    int nPosition = now.nPosition;
+    switch (scroll) {
+    case EScroll::LineBack: nPosition -= 1; break;
+    case EScroll::LineOn: nPosition += 1; break;
+    case EScroll::PageBack: nPosition -= now.nPage; break;
+    case EScroll::PageOn: nPosition += now.nPage; break;
+    case EScroll::First: nPosition = 0; break;
+    case EScroll::Last: nPosition = nLast; break;
+    case EScroll::Thumb: nPosition = nThumb; break;
+    }
+    const double dFraction = static_cast<double>(std::clamp(nPosition, 0, nLast)) / SMapScroll::Range;
+    const CGeoRect visible = transform.VisibleWorld();
+    CPosition anchor{.m_dLongitude = transform.m_dWorldAnchorX, .m_dLatitude = transform.m_dWorldAnchorY};
+    if (bar == EScrollBar::Horizontal)
+        anchor.m_dLongitude += extent.m_dWest + extent.Width() * dFraction - visible.m_dWest;
+    else
+        anchor.m_dLatitude += extent.m_dNorth - extent.Height() * dFraction - visible.m_dNorth;
+    transform.SetWorldAnchor(anchor);
+}
+
+} // namespace kestrabel

@@ -1,0 +1,356 @@
+#include "present/map/MapView.h"
+
+#include "model/NumberText.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace kestrabel {
+
+namespace {
+
+constexpr double ClickReach = 3.0; // pixels
+constexpr int PointerDecimals = 9;
+constexpr int PrefetchDistance = 16;
+
+} // namespace
+
+CMapView::CMapView(const CEvent& event, CUpdateHub& hub, CViewSelection& selection, CSettingsStore& settings)
+    : m_event(event),
+      m_hub(hub),
+      m_selection(selection),
+      m_settings(settings),
+      m_fields(DefaultFields(MapFieldTable))
+{
+    LoadGridFields(m_settings, MapFieldsTable, m_fields);
+    m_hub.Attach(*this);
+    ShowAll();
+}
+
+CMapView::~CMapView()
+{
+    m_hub.Detach(*this);
+    SaveGridFields(m_settings, MapFieldsTable, m_fields);
+}
+
+// What is shown
+
+void CMapView::ShowAll()
+{
+    m_extent = MapExtent(m_selection);
+    m_transform.SetMapping(m_transform.m_rcDevice, m_extent);
+}
+
+void CMapView::ShowInMiddle(const CPosition& position)
+{
+    m_transform.SetDeviceAnchor(m_transform.m_rcDevice.Centre());
+    m_transform.SetWorldAnchor(position);
+}
+
+void CMapView::OnUpdate(EUpdateHint hint)
+{
+    if (m_event.m_dZoom > 0.0)
+        m_transform.m_dZoomStep = m_event.m_dZoom;
+    const std::optional<CPosition> focus = FocusPosition(m_selection);
+    if (hint == HINT_FOCUS_MOVED) {
+        if (m_transform.IsZoomed() && focus && !m_transform.VisibleWorld().Contains(*focus)) {
+            ShowInMiddle(*focus);
+            m_bGroundStale = true;
+        }
+        m_bGroundStale = m_bGroundStale || m_bNeighborhood;
+        m_listener.onChanged();
+        return;
+    }
+    m_bTracksStale = true;
+    if (hint != HINT_POINTS_CHANGED || !m_transform.IsZoomed()) {
+        ShowAll();
+    } else {
+        m_extent = MapExtent(m_selection);
+        m_transform.SetExtent(m_extent);
+        if (focus)
+            ShowInMiddle(*focus);
+        else if (!m_transform.VisibleWorld().Intersects(m_extent))
+            ShowAll(); // another file, somewhere else
+    }
+    m_listener.onChanged();
+}
+
+void CMapView::OnSize(int nWidth, int nHeight)
+{
+    const SMapArea area = {0, 0, nWidth, nHeight};
+    if (area == m_transform.m_rcDevice)
+        return;
+    const CPosition middle = m_transform.DeviceToWorld(m_transform.m_rcDevice.Centre());
+    const double dZoomFactor = m_transform.m_dZoomFactor;
+    const bool bZoomed = m_transform.IsZoomed() && m_transform.IsUsable();
+    m_transform.SetMapping(area, m_extent);
+    if (bZoomed) {
+        m_transform.SetWorldAnchor(middle);
+        m_transform.ZoomBy(dZoomFactor);
+        m_transform.m_dZoomFactor = dZoomFactor; // not a digit of it changes by this
+    }
+    Moved();
+}
+
+void CMapView::Refresh()
+{
+    m_bGroundStale = true;
+    m_listener.onChanged();
+}
+
+/// The transform is another.
+void CMapView::Moved()
+{
+    m_bGroundStale = true;
+    m_listener.onChanged();
+}
+
+void CMapView::ShowNeighborhood(bool bShow)
+{
+    m_bNeighborhood = bShow;
+    Refresh();
+}
+
+void CMapView::ApplyFields(const SGridFieldsDialog& dialog)
+{
+    dialog.ApplyTo(m_fields);
+    m_bTracksStale = true;
+    Refresh();
+}
+
+// The scene
+
+CMapView::CRunKey CMapView::RunKey() const
+{
+    return {m_selection.m_nRunCompetitor, m_selection.m_nRunSeries,   m_selection.m_nRunStart,
+            m_selection.m_nRunEnd,        m_selection.m_nRunDivision, m_selection.m_nRunKind,
+            m_selection.m_nRunWaypoint,   m_selection.m_nRunWaypoint2};
+}
+
+void CMapView::UpdateTracks()
+{
+    if (!m_bTracksStale)
+        return;
+    m_tracks = MakeMapTracks(m_event, m_selection, Options().bSpeedColor);
+    m_bTracksStale = false;
+    m_bGroundStale = true;
+}
+
+const SMapScene& CMapView::Scene(const CMapTextSize& text)
+{
+    UpdateTracks();
+    const SMapSurface surface = {m_transform, text};
+    const SMapOptions options = Options();
+    const bool bGround = m_bGroundStale;
+    const CRunKey run = RunKey();
+    const std::optional<CPosition> focus = FocusPosition(m_selection);
+    if (bGround) {
+        m_scene.ground = GroundLayer(surface, m_tracks, m_selection, options);
+        m_scene.names = NamesLayer(surface, m_event, m_tracks, m_selection, options);
+        ++m_scene.nGround;
+        ++m_scene.nNames;
+    }
+    if (bGround || run != m_shownRun) {
+        m_scene.run = RunLayer(surface, m_event, m_tracks, m_selection, options);
+        ++m_scene.nRun;
+    }
+    if (bGround || focus != m_shownFocus) {
+        m_scene.focus = FocusLayer(surface, focus);
+        ++m_scene.nFocus;
+    }
+    m_bGroundStale = false;
+    m_shownRun = run;
+    m_shownFocus = focus;
+    return m_scene;
+}
+
+SMapScene CMapView::PrintScene(const SMapArea& area, double dScale, const CMapTextSize& text)
+{
+    UpdateTracks();
+    CMapTransform transform = m_transform;
+    transform.SetDeviceRect(area);
+    const SMapSurface surface = {transform, text, dScale};
+    const SMapOptions options = Options();
+    SMapScene scene;
+    scene.ground = GroundLayer(surface, m_tracks, m_selection, options);
+    scene.run = RunLayer(surface, m_event, m_tracks, m_selection, options);
+    scene.names = NamesLayer(surface, m_event, m_tracks, m_selection, options);
+    scene.focus = FocusLayer(surface, FocusPosition(m_selection));
+    return scene;
+}
+
+// Scroll bars and mouse
+
+void CMapView::OnScroll(EScrollBar bar, EScroll scroll, int nThumb)
+{
+    if (!m_transform.IsZoomed())
+        return;
+    ScrollMap(m_transform, m_extent, bar, scroll, nThumb);
+    Moved();
+}
+
+void CMapView::ZoomAt(const SMapPoint& point, bool bIn)
+{
+    m_transform.AnchorAt(point);
+    if (bIn)
+        m_transform.ZoomIn();
+    else
+        m_transform.ZoomOut();
+    Moved();
+}
+
+const CTrackPoint* CMapView::PointAt(const SMapPoint& point)
+{
+    if (!m_transform.IsUsable())
+        return nullptr;
+    const CPosition northWest = m_transform.DeviceToWorld({point.dX - ClickReach, point.dY - ClickReach});
+    const CPosition southEast = m_transform.DeviceToWorld({point.dX + ClickReach, point.dY + ClickReach});
+    const CGeoRect box = {.m_dWest = northWest.m_dLongitude,
+                          .m_dNorth = northWest.m_dLatitude,
+                          .m_dEast = southEast.m_dLongitude,
+                          .m_dSouth = southEast.m_dLatitude};
+    const CObjectArray<CTrackPoint>& points = m_selection.GetSeriesPoints(m_selection.m_nSeries);
+    for (int i = 0; i < points.GetCount(); ++i) {
+        points.Prefetch(i + PrefetchDistance);
+        if (box.Contains(points[i].m_position))
+            return points.At(i);
+    }
+    return nullptr;
+}
+
+void CMapView::FocusOn(const CTrackPoint& point, const CPane* pSender)
+{
+    m_selection.MoveFocus(pSender, point.m_nSeriesIndex, point.m_nTrack);
+}
+
+void CMapView::OnLButtonDown(const SMapPoint& point, SMapModifiers modifiers)
+{
+    m_dragged = point;
+    if (modifiers.bCtrl) {
+        ZoomAt(point, true);
+    } else if (modifiers.bShift) {
+        ShowInMiddle(m_transform.DeviceToWorld(point));
+        Moved();
+    } else {
+        if (const CTrackPoint* pPoint = PointAt(point)) {
+            FocusOn(*pPoint, this);
+            m_bGroundStale = m_bGroundStale || m_bNeighborhood;
+        }
+        m_listener.onChanged();
+    }
+}
+
+bool CMapView::OnMouseMove(const SMapPoint& point, bool bLeftButton)
+{
+    if (m_pointer != point) {
+        m_pointer = point;
+        ShowPointer(point);
+    }
+    if (!bLeftButton) {
+        m_dragged.reset();
+        return m_event.m_bCaptureFocus != 0;
+    }
+    if (m_dragged && *m_dragged != point) {
+        const CPosition from = m_transform.DeviceToWorld(*m_dragged);
+        const CPosition to = m_transform.DeviceToWorld(point);
+        m_transform.m_dWorldAnchorX += from.m_dLongitude - to.m_dLongitude;
+        m_transform.m_dWorldAnchorY += from.m_dLatitude - to.m_dLatitude;
+        m_dragged = point;
+        Moved();
+    }
+    return false;
+}
+
+void CMapView::ShowPointer(const SMapPoint& point)
+{
+    const CPosition position = m_transform.DeviceToWorld(point);
+    m_selection.m_statusTexts = {"SPEED",
+                                 "AVG",
+                                 "DIST",
+                                 FormatNumber(position.m_dLatitude, PointerDecimals, false),
+                                 FormatNumber(position.m_dLongitude, PointerDecimals, false),
+                                 "TIME"};
+    m_listener.onStatus();
+}
+
+void CMapView::OnMouseWheel(const SMapPoint& point, bool bForward)
+{
+    ZoomAt(point, !bForward);
+}
+
+// Keys
+
+bool CMapView::OnKeyDown(EMapKey key, SMapModifiers modifiers)
+{
+    if (m_selection.GetSeriesPoints(m_selection.m_nFocusSeries).IsEmpty())
+        return false;
+    switch (key) {
+    case EMapKey::Left:
+    case EMapKey::Right:
+    case EMapKey::Up:
+    case EMapKey::Down:
+        if (!modifiers.bShift)
+            return StepFocus(key, modifiers.bCtrl);
+        ScrollPage(key);
+        return true;
+    case EMapKey::Home:
+    case EMapKey::End: return !modifiers.bShift && !modifiers.bCtrl && StepFocus(EMapKey::Right, false);
+    case EMapKey::Delete: m_listener.onDelete(false); return true;
+    case EMapKey::Backspace: m_listener.onDelete(true); return true;
+    }
+    return false;
+}
+
+void CMapView::ScrollPage(EMapKey key)
+{
+    const bool bHorizontal = key == EMapKey::Left || key == EMapKey::Right;
+    const bool bOn = key == EMapKey::Right || key == EMapKey::Down;
+    OnScroll(bHorizontal ? EScrollBar::Horizontal : EScrollBar::Vertical,
+             bOn ? EScroll::PageOn : EScroll::PageBack);
+}
+
+/// Without a focus the first step leads to the first point of what is shown.
+bool CMapView::StepFocus(EMapKey key, bool bCtrl)
+{
+    const int nSeries = m_selection.m_nFocusSeries != -1 ? m_selection.m_nFocusSeries : m_selection.m_nSeries;
+    const CObjectArray<CTrackPoint>& points = m_selection.GetSeriesPoints(nSeries);
+    if (points.IsEmpty())
+        return false;
+    const bool bOn = key == EMapKey::Right || key == EMapKey::Down;
+    const int nLast = points.GetCount() - 1;
+    int nPoint = static_cast<int>(m_selection.m_dFocusPoint) + (bOn ? 1 : -1);
+    if (bCtrl)
+        nPoint = bOn ? nLast : 0;
+    nPoint = std::clamp(nPoint, 0, nLast);
+    if (nSeries >= 0)
+        m_selection.MoveFocus(nullptr, nSeries, nPoint);
+    else
+        FocusOn(points[nPoint], nullptr);
+    return true;
+}
+
+// Commands
+
+bool CMapView::OnCommand(ECommand command)
+{
+    switch (command) {
+    case ECommand::ZoomIn: ZoomAt(m_rightClicked, true); return true;
+    case ECommand::ZoomOut: ZoomAt(m_rightClicked, false); return true;
+    case ECommand::ZoomAll:
+        ShowAll();
+        Moved();
+        return true;
+    default: return false;
+    }
+}
+
+std::optional<CPosition> CMapView::PlaceForNewPoint()
+{
+    const CTrackPoint* pPoint = PointAt(m_rightClicked);
+    if (pPoint == nullptr)
+        return m_transform.DeviceToWorld(m_rightClicked);
+    FocusOn(*pPoint, nullptr);
+    return std::nullopt;
+}
+
+} // namespace kestrabel
