@@ -17,7 +17,7 @@ int Shade(double dBright, double dFraction)
     return static_cast<int>(std::floor(dBright * dFraction));
 }
 
-SMapColor Colour(int nRed, int nGreen, int nBlue)
+SSceneColor Colour(int nRed, int nGreen, int nBlue)
 {
     return {static_cast<std::uint8_t>(nRed), static_cast<std::uint8_t>(nGreen),
             static_cast<std::uint8_t>(nBlue)};
@@ -45,22 +45,22 @@ int SpeedStep(int nFile, double dFraction)
     }
 }
 
-SMapPen SpeedPen(int nFile, double dFraction)
+SScenePen SpeedPen(int nFile, double dFraction)
 {
     if (nFile >= ColouredFiles)
-        return {EMapRole::Track, {0, 0, 0}};
+        return {ESceneRole::Track, {0, 0, 0}};
     const int nFull = Shade(FullBright, dFraction);
     const int nHalf = Shade(HalfBright, dFraction);
     const int nFullRest = static_cast<int>(FullBright) - nFull;
     const int nHalfRest = static_cast<int>(HalfBright) - nHalf;
-    SMapColor color = Colour(0, nFull, nFullRest);
+    SSceneColor color = Colour(0, nFull, nFullRest);
     if (nFile == 1)
         color = Colour(nFull, nFull, nFullRest);
     else if (nFile == 2)
         color = Colour(0, nHalf, nHalfRest);
     else if (nFile == 3)
         color = Colour(nFull, nHalfRest, nHalfRest);
-    return {EMapRole::Speed, color};
+    return {ESceneRole::Data, color};
 }
 
 } // namespace kestrabel

@@ -1,20 +1,20 @@
 #pragma once
 
-#include "present/map/MapScene.h"
+#include "present/scene/Scene.h"
 
 namespace kestrabel {
 
 namespace MapPen {
-inline constexpr SMapPen Grid = {EMapRole::Grid, {200, 200, 200}};
-inline constexpr SMapPen Track = {EMapRole::Track, {0, 0, 0}};
-inline constexpr SMapPen Invalid = {EMapRole::Invalid, {255, 0, 0}};
-inline constexpr SMapPen Run = {EMapRole::Run, {255, 50, 255}, 3};
-inline constexpr SMapPen Gate = {EMapRole::Gate, {200, 50, 50}};
-inline constexpr SMapPen Focus = {EMapRole::Focus, {50, 50, 200}};
+inline constexpr SScenePen Grid = {ESceneRole::Grid, {200, 200, 200}};
+inline constexpr SScenePen Track = {ESceneRole::Track, {0, 0, 0}};
+inline constexpr SScenePen Invalid = {ESceneRole::Invalid, {255, 0, 0}};
+inline constexpr SScenePen Run = {ESceneRole::Run, {255, 50, 255}, 3};
+inline constexpr SScenePen Gate = {ESceneRole::Gate, {200, 50, 50}};
+inline constexpr SScenePen Focus = {ESceneRole::Focus, {50, 50, 200}};
 } // namespace MapPen
 
-inline constexpr SMapColor ZoomTextColor = {100, 100, 100};
-inline constexpr SMapColor WayPointNameColor = {200, 0, 200};
+inline constexpr SSceneColor ZoomTextColor = {100, 100, 100};
+inline constexpr SSceneColor WayPointNameColor = {200, 0, 200};
 
 /// A speed as a fraction of the highest one shown, 0 to 1; one half while nobody moved (`dViewMaxSpeed` up to
 /// 0.5). Both in display units.
@@ -27,6 +27,6 @@ int SpeedStep(int nFile, double dFraction);
 
 /// The pen of such a fraction. Tracks of several files are told from each other by their mixes of colours;
 /// those beyond the fourth are drawn plain.
-SMapPen SpeedPen(int nFile, double dFraction);
+SScenePen SpeedPen(int nFile, double dFraction);
 
 } // namespace kestrabel

@@ -59,7 +59,7 @@ std::vector<SLine> Lines(double dFrom, double dTo, double dFactor, double dStep,
 class CGridDrawing
 {
 public:
-    CGridDrawing(const SMapSurface& surface, SMapLayer& layer, bool bFarEdges)
+    CGridDrawing(const SSceneSurface& surface, SSceneLayer& layer, bool bFarEdges)
         : m_surface(surface), m_layer(layer), m_bFarEdges(bFarEdges)
     {
         m_lines.pen = MapPen::Grid;
@@ -74,7 +74,7 @@ public:
 
     void Vertical(const std::vector<SLine>& lines)
     {
-        const SMapArea& area = m_surface.transform.m_rcDevice;
+        const SSceneArea& area = m_surface.transform.m_rcDevice;
         double dLast = -HUGE_VAL;
         for (const SLine& line : lines) {
             const double dX = m_surface.transform.WorldToDevice({line.dDegrees, 0.0}).dX;
@@ -82,13 +82,13 @@ public:
             if (dX - dLast < 2.0 * m_surface.text.Width(line.strLabel))
                 continue;
             dLast = dX;
-            Label({dX, static_cast<double>(m_bFarEdges ? area.nBottom : area.nTop)}, EMapAlign::Low,
-                  m_bFarEdges ? EMapAlign::High : EMapAlign::Low, line.strLabel);
+            Label({dX, static_cast<double>(m_bFarEdges ? area.nBottom : area.nTop)}, ESceneAlign::Low,
+                  m_bFarEdges ? ESceneAlign::High : ESceneAlign::Low, line.strLabel);
         }
     }
     void Horizontal(const std::vector<SLine>& lines)
     {
-        const SMapArea& area = m_surface.transform.m_rcDevice;
+        const SSceneArea& area = m_surface.transform.m_rcDevice;
         double dLast = HUGE_VAL;
         for (const SLine& line : lines) {
             const double dY = m_surface.transform.WorldToDevice({0.0, line.dDegrees}).dY;
@@ -97,24 +97,25 @@ public:
                 continue;
             dLast = dY;
             Label({static_cast<double>(m_bFarEdges ? area.nRight : area.nLeft), dY},
-                  m_bFarEdges ? EMapAlign::High : EMapAlign::Low, EMapAlign::High, line.strLabel);
+                  m_bFarEdges ? ESceneAlign::High : ESceneAlign::Low, ESceneAlign::High, line.strLabel);
         }
     }
 
 private:
-    void Label(const SMapPoint& at, EMapAlign horizontal, EMapAlign vertical, const std::string& strText)
+    void Label(const SScenePoint& at, ESceneAlign horizontal, ESceneAlign vertical,
+               const std::string& strText)
     {
-        m_layer.texts.push_back({EMapRole::Grid, MapPen::Grid.color, at, horizontal, vertical, strText});
+        m_layer.texts.push_back({ESceneRole::Grid, MapPen::Grid.color, at, horizontal, vertical, strText});
     }
 
-    const SMapSurface& m_surface;
-    SMapLayer& m_layer;
+    const SSceneSurface& m_surface;
+    SSceneLayer& m_layer;
     bool m_bFarEdges;
-    SMapLines m_lines;
+    SSceneLines m_lines;
 };
 
 /// A character of the surface's font in degrees.
-CPosition CharacterSize(const SMapSurface& surface)
+CPosition CharacterSize(const SSceneSurface& surface)
 {
     return {.m_dLongitude = surface.text.Width("0") * surface.transform.m_dUnitsPerPixelX,
             .m_dLatitude = surface.text.Height() * -surface.transform.m_dUnitsPerPixelY};
@@ -142,7 +143,7 @@ double DistanceStep(double dSpan)
 
 } // namespace
 
-void AddDegreeGrid(const SMapSurface& surface, SMapLayer& layer)
+void AddDegreeGrid(const SSceneSurface& surface, SSceneLayer& layer)
 {
     const CGeoRect visible = surface.transform.VisibleWorld();
     const double dSpan = std::min(visible.Width(), visible.Height());
@@ -157,7 +158,7 @@ void AddDegreeGrid(const SMapSurface& surface, SMapLayer& layer)
     drawing.Horizontal(Lines(visible.m_dSouth, visible.m_dNorth, 1.0, step.dStep, label));
 }
 
-void AddDistanceGrid(const SMapSurface& surface, SMapLayer& layer)
+void AddDistanceGrid(const SSceneSurface& surface, SSceneLayer& layer)
 {
     if (!surface.transform.IsUsable())
         return;

@@ -3,6 +3,9 @@
 #include "present/map/MapLayers.h"
 #include "present/map/MapSegments.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace kestrabel {
 
 namespace {
@@ -12,38 +15,27 @@ namespace {
 constexpr double DensestNodes = 1.5;
 constexpr double NodeRadius = 1.0; // pixels of the screen: a node is three wide
 
-const SMapPen& PenOf(const SMapTrack& track, std::uint16_t nPen)
+const SScenePen& PenOf(const SMapTrack& track, std::uint16_t nPen)
 {
     return nPen == SMapTrack::InvalidPen ? MapPen::Invalid : track.palette[nPen];
 }
 
-/// The lines of one track, by pen: slow before fast, invalid stretches last so that they are never hidden by
-/// their own track. What is drawn later was walked over before and is in the cover.
-std::vector<SMapLines> TrackLines(const SMapTrack& track, SMapRange range, const CMapTransform& transform,
-                                  CMapCover& cover, bool bReduce)
+/// The lines of one track in the order of its points, neighbours of one pen together. The last are walked
+/// over first, so that what is drawn later is in the cover before.
+std::vector<SSceneLines> TrackLines(const SMapTrack& track, SMapRange range, const CMapTransform& transform,
+                                    CPixelCover& cover, bool bReduce)
 {
-    std::vector<SMapLines> valid(track.palette.size());
-    SMapLines invalid = {MapPen::Invalid, {}};
-    const SMapPath path = {track.positions, track.blocks};
+    std::vector<SSceneLines> lines;
+    std::uint16_t nLastPen = 0;
     const std::uint16_t* pPens = track.pens.data();
-    if (track.bHasInvalid) {
-        ForEachVisibleLine(
-            path, range, transform, cover, bReduce, [&](int i) { return pPens[i] == SMapTrack::InvalidPen; },
-            [&](int, const SMapPoint& from, const SMapPoint& to) { invalid.Add(from, to); });
-    }
-    ForEachVisibleLine(
-        path, range, transform, cover, bReduce, [&](int i) { return pPens[i] != SMapTrack::InvalidPen; },
-        [&](int i, const SMapPoint& from, const SMapPoint& to) { valid[pPens[i]].Add(from, to); });
-
-    std::vector<SMapLines> lines;
-    for (std::size_t i = 0; i < valid.size(); ++i) {
-        if (valid[i].ends.empty())
-            continue;
-        valid[i].pen = track.palette[i];
-        lines.push_back(std::move(valid[i]));
-    }
-    if (!invalid.ends.empty())
-        lines.push_back(std::move(invalid));
+    ForEachVisibleLine({track.positions, track.blocks}, range, transform, cover, bReduce,
+                       [&](int i, const SScenePoint& from, const SScenePoint& to) {
+                           if (lines.empty() || pPens[i] != nLastPen)
+                               lines.push_back({PenOf(track, pPens[i]), {}});
+                           nLastPen = pPens[i];
+                           lines.back().Add(from, to);
+                       });
+    std::ranges::reverse(lines);
     return lines;
 }
 
@@ -53,16 +45,17 @@ bool ShowsNodes(const SMapTrack& track, double dVisibleWidth)
 }
 
 /// One circle per pixel, whatever number of points rest there; of several the first has it.
-void AddNodes(const SMapSurface& surface, const SMapTrack& track, SMapRange range, CMapCover& cover,
-              SMapLayer& layer)
+void AddNodes(const SSceneSurface& surface, const SMapTrack& track, SMapRange range, CPixelCover& cover,
+              SSceneLayer& layer)
 {
     const int nLast = std::min(range.nLast, track.Count() - 1);
     for (int i = std::max(range.nFirst, 0); i <= nLast; ++i) {
-        SMapPoint at = surface.transform.Project(track.positions[static_cast<std::size_t>(i)]);
-        SMapPoint end = at;
+        SScenePoint at = surface.transform.Project(track.positions[static_cast<std::size_t>(i)]);
+        SScenePoint end = at;
         if (!cover.Clip(at, end))
             continue;
-        const SMapPoint pixel = surface.transform.WorldToDevice(track.positions[static_cast<std::size_t>(i)]);
+        const SScenePoint pixel =
+            surface.transform.WorldToDevice(track.positions[static_cast<std::size_t>(i)]);
         const int nX = static_cast<int>(pixel.dX);
         const int nY = static_cast<int>(pixel.dY);
         if (cover.Claim(nX, nY, nX, nY))
@@ -73,10 +66,10 @@ void AddNodes(const SMapSurface& surface, const SMapTrack& track, SMapRange rang
 
 } // namespace
 
-SMapLayer GroundLayer(const SMapSurface& surface, std::span<const SMapTrack> tracks,
-                      const CViewSelection& selection, const SMapOptions& options)
+SSceneLayer GroundLayer(const SSceneSurface& surface, std::span<const SMapTrack> tracks,
+                        const CViewSelection& selection, const SMapOptions& options)
 {
-    SMapLayer layer;
+    SSceneLayer layer;
     if (tracks.empty() || !surface.transform.IsUsable())
         return layer;
     if (options.bGrid)
@@ -84,13 +77,13 @@ SMapLayer GroundLayer(const SMapSurface& surface, std::span<const SMapTrack> tra
     if (options.bScaleGrid)
         AddDistanceGrid(surface, layer);
 
-    CMapCover cover(surface.transform.m_rcDevice);
-    std::vector<std::vector<SMapLines>> lines(tracks.size());
+    CPixelCover cover(surface.transform.m_rcDevice);
+    std::vector<std::vector<SSceneLines>> lines(tracks.size());
     for (std::size_t i = tracks.size(); i-- > 0;) {
         const SMapRange range = ShownRange(selection, tracks[i].nSeries, options.bNeighborhood);
         lines[i] = TrackLines(tracks[i], range, surface.transform, cover, options.bReduce);
     }
-    for (std::vector<SMapLines>& ofTrack : lines)
+    for (std::vector<SSceneLines>& ofTrack : lines)
         std::move(ofTrack.begin(), ofTrack.end(), std::back_inserter(layer.lines));
 
     if (options.bNodes) {

@@ -26,7 +26,7 @@ SMapPath RunPath(const CViewSelection& selection, std::span<const SMapTrack> tra
     return {copy, {}};
 }
 
-void AddCircle(const SMapSurface& surface, const CPosition& centre, double dRadius, SMapLayer& layer)
+void AddCircle(const SSceneSurface& surface, const CPosition& centre, double dRadius, SSceneLayer& layer)
 {
     const CGeoRect box = BoxAround(centre, dRadius);
     if (!box.Intersects(surface.transform.VisibleWorld()))
@@ -48,8 +48,8 @@ const CObjectArray<CWayPoint>* RunWayPoints(const CEvent& event, const CViewSele
     return bThere ? &pPerson->m_series[selection.m_nRunSeries].m_waypoints : nullptr;
 }
 
-void AddGates(const SMapSurface& surface, const CEvent& event, const CViewSelection& selection,
-              SMapLayer& layer)
+void AddGates(const SSceneSurface& surface, const CEvent& event, const CViewSelection& selection,
+              SSceneLayer& layer)
 {
     const CObjectArray<CWayPoint>* pWayPoints = RunWayPoints(event, selection);
     for (const int nWayPoint : {selection.m_nRunWaypoint, selection.m_nRunWaypoint2}) {
@@ -62,25 +62,25 @@ void AddGates(const SMapSurface& surface, const CEvent& event, const CViewSelect
 
 /// The lines come from the run's end; each begins where the one after it ends, unless something between them
 /// is not seen.
-void AddRunLines(const SMapSurface& surface, const SMapPath& path, SMapRange range, bool bReduce,
-                 SMapLayer& layer)
+void AddRunLines(const SSceneSurface& surface, const SMapPath& path, SMapRange range, bool bReduce,
+                 SSceneLayer& layer)
 {
-    CMapCover cover(surface.transform.m_rcDevice);
-    ForEachVisibleLine(
-        path, range, surface.transform, cover, bReduce, [](int) { return true; },
-        [&](int, const SMapPoint& from, const SMapPoint& to) {
-            if (layer.polylines.empty() || layer.polylines.back().points.back() != to)
-                layer.polylines.push_back({MapPen::Run, {to}});
-            layer.polylines.back().points.push_back(from);
-        });
+    CPixelCover cover(surface.transform.m_rcDevice);
+    ForEachVisibleLine(path, range, surface.transform, cover, bReduce,
+                       [&](int, const SScenePoint& from, const SScenePoint& to) {
+                           if (layer.polylines.empty() || layer.polylines.back().points.back() != to)
+                               layer.polylines.push_back({MapPen::Run, {to}});
+                           layer.polylines.back().points.push_back(from);
+                       });
 }
 
-void AddName(const SMapSurface& surface, const CGeoRect& visible, const CWayPoint& wayPoint, SMapLayer& layer)
+void AddName(const SSceneSurface& surface, const CGeoRect& visible, const CWayPoint& wayPoint,
+             SSceneLayer& layer)
 {
     if (visible.Contains(wayPoint.m_position))
-        layer.texts.push_back({EMapRole::WayPointName, WayPointNameColor,
-                               surface.transform.WorldToDevice(wayPoint.m_position), EMapAlign::Middle,
-                               EMapAlign::High, wayPoint.m_strName});
+        layer.texts.push_back({ESceneRole::WayPointName, WayPointNameColor,
+                               surface.transform.WorldToDevice(wayPoint.m_position), ESceneAlign::Middle,
+                               ESceneAlign::High, wayPoint.m_strName});
 }
 
 } // namespace
@@ -96,10 +96,10 @@ SMapOptions MapOptions(const CGridFields& fields, bool bNeighborhood)
             .bNeighborhood = bNeighborhood};
 }
 
-SMapLayer RunLayer(const SMapSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
-                   const CViewSelection& selection, const SMapOptions& options)
+SSceneLayer RunLayer(const SSceneSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
+                     const CViewSelection& selection, const SMapOptions& options)
 {
-    SMapLayer layer;
+    SSceneLayer layer;
     if (tracks.empty() || !surface.transform.IsUsable() || selection.m_nRunSeries < 0 ||
         selection.m_nRunStart < 0)
         return layer;
@@ -126,10 +126,10 @@ SMapLayer RunLayer(const SMapSurface& surface, const CEvent& event, std::span<co
     return layer;
 }
 
-SMapLayer NamesLayer(const SMapSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
-                     const CViewSelection& selection, const SMapOptions& options)
+SSceneLayer NamesLayer(const SSceneSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
+                       const CViewSelection& selection, const SMapOptions& options)
 {
-    SMapLayer layer;
+    SSceneLayer layer;
     if (tracks.empty() || !surface.transform.IsUsable())
         return layer;
     if (options.bWayPoints) {
@@ -147,12 +147,12 @@ SMapLayer NamesLayer(const SMapSurface& surface, const CEvent& event, std::span<
         }
     }
     if (options.bZoom) {
-        const SMapArea& area = surface.transform.m_rcDevice;
-        layer.texts.push_back({EMapRole::ZoomText,
+        const SSceneArea& area = surface.transform.m_rcDevice;
+        layer.texts.push_back({ESceneRole::ZoomText,
                                ZoomTextColor,
                                {static_cast<double>(area.nRight), static_cast<double>(area.nBottom)},
-                               EMapAlign::High,
-                               EMapAlign::High,
+                               ESceneAlign::High,
+                               ESceneAlign::High,
                                "Zoom=" + FormatPadded(1.0 / surface.transform.m_dZoomFactor, 0, 1)});
     }
     return layer;
@@ -169,18 +169,18 @@ std::optional<CPosition> FocusPosition(CViewSelection& selection)
     return points[nPoint].m_position;
 }
 
-SMapLayer FocusLayer(const SMapSurface& surface, const std::optional<CPosition>& focus)
+SSceneLayer FocusLayer(const SSceneSurface& surface, const std::optional<CPosition>& focus)
 {
-    SMapLayer layer;
+    SSceneLayer layer;
     if (!focus || !surface.transform.IsUsable())
         return layer;
-    const SMapPoint centre = surface.transform.WorldToDevice(*focus);
+    const SScenePoint centre = surface.transform.WorldToDevice(*focus);
     const double dArm = CrossArm * surface.dScale;
-    const CMapCover cover(surface.transform.m_rcDevice);
-    SMapLines cross = {MapPen::Focus, {}};
-    for (const auto& [dX, dY] : {SMapPoint{dArm, 0.0}, SMapPoint{0.0, dArm}}) {
-        SMapPoint from = {centre.dX - dX, centre.dY - dY};
-        SMapPoint to = {centre.dX + dX, centre.dY + dY};
+    const CPixelCover cover(surface.transform.m_rcDevice);
+    SSceneLines cross = {MapPen::Focus, {}};
+    for (const auto& [dX, dY] : {SScenePoint{dArm, 0.0}, SScenePoint{0.0, dArm}}) {
+        SScenePoint from = {centre.dX - dX, centre.dY - dY};
+        SScenePoint to = {centre.dX + dX, centre.dY + dY};
         if (cover.Clip(from, to))
             cross.Add({centre.dX - dX, centre.dY - dY}, {centre.dX + dX, centre.dY + dY});
     }

@@ -2,8 +2,8 @@
 
 #include "model/Event.h"
 #include "present/map/MapFields.h"
-#include "present/map/MapScene.h"
 #include "present/map/MapTracks.h"
+#include "present/scene/Scene.h"
 #include "present/ViewSelection.h"
 
 #include <optional>
@@ -31,21 +31,21 @@ SMapOptions MapOptions(const CGridFields& fields, bool bNeighborhood);
 // but the focus without a point.
 
 /// The grids, the tracks by speed, their invalid stretches over them, and their nodes.
-SMapLayer GroundLayer(const SMapSurface& surface, std::span<const SMapTrack> tracks,
-                      const CViewSelection& selection, const SMapOptions& options);
+SSceneLayer GroundLayer(const SSceneSurface& surface, std::span<const SMapTrack> tracks,
+                        const CViewSelection& selection, const SMapOptions& options);
 
 /// The picked run, with the circle around its start or its gates.
-SMapLayer RunLayer(const SMapSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
-                   const CViewSelection& selection, const SMapOptions& options);
+SSceneLayer RunLayer(const SSceneSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
+                     const CViewSelection& selection, const SMapOptions& options);
 
 /// The names of the waypoints, and how much the map is zoomed.
-SMapLayer NamesLayer(const SMapSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
-                     const CViewSelection& selection, const SMapOptions& options);
+SSceneLayer NamesLayer(const SSceneSurface& surface, const CEvent& event, std::span<const SMapTrack> tracks,
+                       const CViewSelection& selection, const SMapOptions& options);
 
 /// Where the focus point is; none when there is none.
 std::optional<CPosition> FocusPosition(CViewSelection& selection);
 
 /// A cross on it.
-SMapLayer FocusLayer(const SMapSurface& surface, const std::optional<CPosition>& focus);
+SSceneLayer FocusLayer(const SSceneSurface& surface, const std::optional<CPosition>& focus);
 
 } // namespace kestrabel

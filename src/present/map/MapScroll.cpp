@@ -9,29 +9,32 @@ namespace {
 
 int PageOf(const CMapTransform& transform)
 {
-    return static_cast<int>(std::clamp(std::round(transform.m_dZoomFactor * SMapScroll::Range), 1.0,
-                                       static_cast<double>(SMapScroll::Range)));
+    return static_cast<int>(std::clamp(std::round(transform.m_dZoomFactor * MapScrollRange), 1.0,
+                                       static_cast<double>(MapScrollRange)));
 }
 
 } // namespace
 
-SMapScroll ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScrollBar bar)
+SScrollBar ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScrollBar bar)
 {
     const CGeoRect visible = transform.VisibleWorld();
     const double dPosition = bar == EScrollBar::Horizontal
-                                 ? (visible.m_dWest - extent.m_dWest) * SMapScroll::Range / extent.Width()
-                                 : (extent.m_dNorth - visible.m_dNorth) * SMapScroll::Range / extent.Height();
+                                 ? (visible.m_dWest - extent.m_dWest) * MapScrollRange / extent.Width()
+                                 : (extent.m_dNorth - visible.m_dNorth) * MapScrollRange / extent.Height();
     const int nPage = PageOf(transform);
-    const double dLast = SMapScroll::Range - nPage;
+    const double dLast = MapScrollRange - nPage;
     // An extent that is a line has no position along its other direction.
     const double dShown = std::isfinite(dPosition) ? std::clamp(std::round(dPosition), 0.0, dLast) : 0.0;
-    return {.bShown = transform.IsZoomed(), .nPage = nPage, .nPosition = static_cast<int>(dShown)};
+    return {.bShown = transform.IsZoomed(),
+            .nRange = MapScrollRange,
+            .nPage = nPage,
+            .nPosition = static_cast<int>(dShown)};
 }
 
 void ScrollMap(CMapTransform& transform, const CGeoRect& extent, EScrollBar bar, EScroll scroll, int nThumb)
 {
-    const SMapScroll now = ScrollOf(transform, extent, bar);
-    const int nLast = SMapScroll::Range - now.nPage;
+    const SScrollBar now = ScrollOf(transform, extent, bar);
+    const int nLast = MapScrollRange - now.nPage;
     int nPosition = now.nPosition;
     switch (scroll) {
     case EScroll::LineBack: nPosition -= 1; break;
@@ -42,7 +45,7 @@ void ScrollMap(CMapTransform& transform, const CGeoRect& extent, EScrollBar bar,
     case EScroll::Last: nPosition = nLast; break;
     case EScroll::Thumb: nPosition = nThumb; break;
     }
-    const double dFraction = static_cast<double>(std::clamp(nPosition, 0, nLast)) / SMapScroll::Range;
+    const double dFraction = static_cast<double>(std::clamp(nPosition, 0, nLast)) / MapScrollRange;
     const CGeoRect visible = transform.VisibleWorld();
     CPosition anchor{.m_dLongitude = transform.m_dWorldAnchorX, .m_dLatitude = transform.m_dWorldAnchorY};
     if (bar == EScrollBar::Horizontal)

@@ -1,40 +1,15 @@
 #pragma once
 
-#include "present/map/MapTransform.h"
+#include "present/scene/MapTransform.h"
+#include "present/scene/ScrollBar.h"
 
 namespace kestrabel {
 
-enum class EScrollBar
-{
-    Horizontal,
-    Vertical,
-};
-
-enum class EScroll
-{
-    LineBack, ///< left or up
-    LineOn,   ///< right or down
-    PageBack,
-    PageOn,
-    First,
-    Last,
-    Thumb, ///< dragged to a position
-};
-
-/// A scroll bar as it is to be shown. Its range is the whole extent.
-struct SMapScroll
-{
-    static constexpr int Range = 1000;
-
-    bool bShown = false;
-    int nPage = Range;
-    int nPosition = 0; ///< 0 to Range - nPage
-
-    bool operator==(const SMapScroll&) const = default;
-};
+/// The scroll bars of the map have this range, which is the whole extent.
+inline constexpr int MapScrollRange = 1000;
 
 /// Where the visible part of the extent is; a view panned beyond the extent is at its end.
-SMapScroll ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScrollBar bar);
+SScrollBar ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScrollBar bar);
 
 /// Moves the visible left or upper edge, keeping the scale. `nThumb` is the position of a dragged thumb.
 void ScrollMap(CMapTransform& transform, const CGeoRect& extent, EScrollBar bar, EScroll scroll,

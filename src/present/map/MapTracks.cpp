@@ -58,12 +58,11 @@ std::vector<SMapTrack> MakeMapTracks(const CEvent& event, const CViewSelection& 
             std::uint16_t nPen = 0;
             if (!pPoint->IsValidFor(InvalidMask::Any)) {
                 nPen = SMapTrack::InvalidPen;
-                track.bHasInvalid = true;
             } else if (bSpeedColor) {
                 const double dFraction = SpeedFraction(pPoint->m_dSpeed * dFactor, dMaxSpeed);
                 nPen = static_cast<std::uint16_t>(SpeedStep(nColors, dFraction));
-                SMapPen& pen = track.palette[nPen];
-                if (pen.role == EMapRole::Track)
+                SScenePen& pen = track.palette[nPen];
+                if (pen.role == ESceneRole::Track)
                     pen = SpeedPen(nColors, dFraction);
             }
             track.pens.push_back(nPen);

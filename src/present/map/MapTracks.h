@@ -2,7 +2,7 @@
 
 #include "model/Event.h"
 #include "platform/LargeVector.h"
-#include "present/map/MapScene.h"
+#include "present/scene/Scene.h"
 #include "present/ViewSelection.h"
 
 #include <cstdint>
@@ -21,8 +21,7 @@ struct SMapTrack
     double dDistance = 0.0;            ///< km, by Doppler speed; from the positions where there is none
     CLargeVector<CPosition> positions; ///< degrees
     CLargeVector<std::uint16_t> pens;  ///< of the line to the point: index in the palette, or InvalidPen
-    std::vector<SMapPen> palette;      ///< a speed that no point has leaves its pen plain
-    bool bHasInvalid = false;
+    std::vector<SScenePen> palette;    ///< a speed that no point has leaves its pen plain
     /// The boxes of stretches of the track: of the points at k * BlockPoints - 1 to (k + 1) * BlockPoints -
     /// 1, so that each holds all lines that lead to its points.
     std::vector<CGeoRect> blocks;

@@ -77,7 +77,7 @@ void CMapView::OnUpdate(EUpdateHint hint)
 
 void CMapView::OnSize(int nWidth, int nHeight)
 {
-    const SMapArea area = {0, 0, nWidth, nHeight};
+    const SSceneArea area = {0, 0, nWidth, nHeight};
     if (area == m_transform.m_rcDevice)
         return;
     const CPosition middle = m_transform.DeviceToWorld(m_transform.m_rcDevice.Centre());
@@ -136,47 +136,46 @@ void CMapView::UpdateTracks()
     m_bGroundStale = true;
 }
 
-const SMapScene& CMapView::Scene(const CMapTextSize& text)
+void CMapView::SetLayer(EMapLayer layer, SSceneLayer now)
+{
+    now.nVersion = m_scene.layers[layer].nVersion + 1;
+    m_scene.layers[layer] = std::move(now);
+}
+
+const SScene& CMapView::Scene(const CSceneTextSize& text)
 {
     UpdateTracks();
-    const SMapSurface surface = {m_transform, text};
+    const SSceneSurface surface = {m_transform, text};
     const SMapOptions options = Options();
     const bool bGround = m_bGroundStale;
     const CRunKey run = RunKey();
     const std::optional<CPosition> focus = FocusPosition(m_selection);
+    m_scene.layers.resize(MapLayers);
     if (bGround) {
-        m_scene.ground = GroundLayer(surface, m_tracks, m_selection, options);
-        m_scene.names = NamesLayer(surface, m_event, m_tracks, m_selection, options);
-        ++m_scene.nGround;
-        ++m_scene.nNames;
+        SetLayer(MapGround, GroundLayer(surface, m_tracks, m_selection, options));
+        SetLayer(MapNames, NamesLayer(surface, m_event, m_tracks, m_selection, options));
     }
-    if (bGround || run != m_shownRun) {
-        m_scene.run = RunLayer(surface, m_event, m_tracks, m_selection, options);
-        ++m_scene.nRun;
-    }
-    if (bGround || focus != m_shownFocus) {
-        m_scene.focus = FocusLayer(surface, focus);
-        ++m_scene.nFocus;
-    }
+    if (bGround || run != m_shownRun)
+        SetLayer(MapRun, RunLayer(surface, m_event, m_tracks, m_selection, options));
+    if (bGround || focus != m_shownFocus)
+        SetLayer(MapFocus, FocusLayer(surface, focus));
     m_bGroundStale = false;
     m_shownRun = run;
     m_shownFocus = focus;
     return m_scene;
 }
 
-SMapScene CMapView::PrintScene(const SMapArea& area, double dScale, const CMapTextSize& text)
+SScene CMapView::PrintScene(const SSceneArea& area, double dScale, const CSceneTextSize& text)
 {
     UpdateTracks();
     CMapTransform transform = m_transform;
     transform.SetDeviceRect(area);
-    const SMapSurface surface = {transform, text, dScale};
+    const SSceneSurface surface = {transform, text, dScale};
     const SMapOptions options = Options();
-    SMapScene scene;
-    scene.ground = GroundLayer(surface, m_tracks, m_selection, options);
-    scene.run = RunLayer(surface, m_event, m_tracks, m_selection, options);
-    scene.names = NamesLayer(surface, m_event, m_tracks, m_selection, options);
-    scene.focus = FocusLayer(surface, FocusPosition(m_selection));
-    return scene;
+    return {{GroundLayer(surface, m_tracks, m_selection, options),
+             RunLayer(surface, m_event, m_tracks, m_selection, options),
+             NamesLayer(surface, m_event, m_tracks, m_selection, options),
+             FocusLayer(surface, FocusPosition(m_selection))}};
 }
 
 // Scroll bars and mouse
@@ -189,7 +188,7 @@ void CMapView::OnScroll(EScrollBar bar, EScroll scroll, int nThumb)
     Moved();
 }
 
-void CMapView::ZoomAt(const SMapPoint& point, bool bIn)
+void CMapView::ZoomAt(const SScenePoint& point, bool bIn)
 {
     m_transform.AnchorAt(point);
     if (bIn)
@@ -199,7 +198,7 @@ void CMapView::ZoomAt(const SMapPoint& point, bool bIn)
     Moved();
 }
 
-const CTrackPoint* CMapView::PointAt(const SMapPoint& point)
+const CTrackPoint* CMapView::PointAt(const SScenePoint& point)
 {
     if (!m_transform.IsUsable())
         return nullptr;
@@ -223,7 +222,7 @@ void CMapView::FocusOn(const CTrackPoint& point, const CPane* pSender)
     m_selection.MoveFocus(pSender, point.m_nSeriesIndex, point.m_nTrack);
 }
 
-void CMapView::OnLButtonDown(const SMapPoint& point, SMapModifiers modifiers)
+void CMapView::OnLButtonDown(const SScenePoint& point, SModifiers modifiers)
 {
     m_dragged = point;
     if (modifiers.bCtrl) {
@@ -240,7 +239,7 @@ void CMapView::OnLButtonDown(const SMapPoint& point, SMapModifiers modifiers)
     }
 }
 
-bool CMapView::OnMouseMove(const SMapPoint& point, bool bLeftButton)
+bool CMapView::OnMouseMove(const SScenePoint& point, bool bLeftButton)
 {
     if (m_pointer != point) {
         m_pointer = point;
@@ -261,7 +260,7 @@ bool CMapView::OnMouseMove(const SMapPoint& point, bool bLeftButton)
     return false;
 }
 
-void CMapView::ShowPointer(const SMapPoint& point)
+void CMapView::ShowPointer(const SScenePoint& point)
 {
     const CPosition position = m_transform.DeviceToWorld(point);
     m_selection.m_statusTexts = {"SPEED",
@@ -273,50 +272,50 @@ void CMapView::ShowPointer(const SMapPoint& point)
     m_listener.onStatus();
 }
 
-void CMapView::OnMouseWheel(const SMapPoint& point, bool bForward)
+void CMapView::OnMouseWheel(const SScenePoint& point, bool bForward)
 {
     ZoomAt(point, !bForward);
 }
 
 // Keys
 
-bool CMapView::OnKeyDown(EMapKey key, SMapModifiers modifiers)
+bool CMapView::OnKeyDown(EViewKey key, SModifiers modifiers)
 {
     if (m_selection.GetSeriesPoints(m_selection.m_nFocusSeries).IsEmpty())
         return false;
     switch (key) {
-    case EMapKey::Left:
-    case EMapKey::Right:
-    case EMapKey::Up:
-    case EMapKey::Down:
+    case EViewKey::Left:
+    case EViewKey::Right:
+    case EViewKey::Up:
+    case EViewKey::Down:
         if (!modifiers.bShift)
             return StepFocus(key, modifiers.bCtrl);
         ScrollPage(key);
         return true;
-    case EMapKey::Home:
-    case EMapKey::End: return !modifiers.bShift && !modifiers.bCtrl && StepFocus(EMapKey::Right, false);
-    case EMapKey::Delete: m_listener.onDelete(false); return true;
-    case EMapKey::Backspace: m_listener.onDelete(true); return true;
+    case EViewKey::Home:
+    case EViewKey::End: return !modifiers.bShift && !modifiers.bCtrl && StepFocus(EViewKey::Right, false);
+    case EViewKey::Delete: m_listener.onDelete(false); return true;
+    case EViewKey::Backspace: m_listener.onDelete(true); return true;
     }
     return false;
 }
 
-void CMapView::ScrollPage(EMapKey key)
+void CMapView::ScrollPage(EViewKey key)
 {
-    const bool bHorizontal = key == EMapKey::Left || key == EMapKey::Right;
-    const bool bOn = key == EMapKey::Right || key == EMapKey::Down;
+    const bool bHorizontal = key == EViewKey::Left || key == EViewKey::Right;
+    const bool bOn = key == EViewKey::Right || key == EViewKey::Down;
     OnScroll(bHorizontal ? EScrollBar::Horizontal : EScrollBar::Vertical,
              bOn ? EScroll::PageOn : EScroll::PageBack);
 }
 
 /// Without a focus the first step leads to the first point of what is shown.
-bool CMapView::StepFocus(EMapKey key, bool bCtrl)
+bool CMapView::StepFocus(EViewKey key, bool bCtrl)
 {
     const int nSeries = m_selection.m_nFocusSeries != -1 ? m_selection.m_nFocusSeries : m_selection.m_nSeries;
     const CObjectArray<CTrackPoint>& points = m_selection.GetSeriesPoints(nSeries);
     if (points.IsEmpty())
         return false;
-    const bool bOn = key == EMapKey::Right || key == EMapKey::Down;
+    const bool bOn = key == EViewKey::Right || key == EViewKey::Down;
     const int nLast = points.GetCount() - 1;
     int nPoint = static_cast<int>(m_selection.m_dFocusPoint) + (bOn ? 1 : -1);
     if (bCtrl)

@@ -9,13 +9,13 @@ namespace kestrabel::test {
 namespace {
 
 /// The labels of the vertical lines, a bar, those of the horizontal ones; each with its pixel.
-std::string Labels(const SMapLayer& layer, bool bFar)
+std::string Labels(const SSceneLayer& layer, bool bFar)
 {
     std::string strX;
     std::string strY;
-    for (const SMapText& text : layer.texts) {
-        const bool bVertical =
-            text.vertical == (bFar ? EMapAlign::High : EMapAlign::Low) && text.horizontal == EMapAlign::Low;
+    for (const SSceneText& text : layer.texts) {
+        const bool bVertical = text.vertical == (bFar ? ESceneAlign::High : ESceneAlign::Low) &&
+                               text.horizontal == ESceneAlign::Low;
         std::string& strLine = bVertical ? strX : strY;
         strLine +=
             text.strText + "@" + std::to_string(std::lround(bVertical ? text.at.dX : text.at.dY)) + " ";
@@ -49,19 +49,19 @@ TEST(MapGrid, DegreesAreRoundAndTheirLabelsDoNotOverlap)
          "4.9999@77 5@159 5.0002@323 | 52.0001@400 52.0002@267 52.0003@133 "},
     };
     for (const auto& [transform, strLabels] : cases) {
-        SMapLayer layer;
+        SSceneLayer layer;
         AddDegreeGrid({transform, text}, layer);
         ASSERT_EQ(layer.lines.size(), 1U);
         EXPECT_EQ(layer.lines[0].pen, MapPen::Grid);
         EXPECT_EQ(Labels(layer, false), strLabels);
-        for (const SMapPoint& end : layer.lines[0].ends) {
+        for (const SScenePoint& end : layer.lines[0].ends) {
             EXPECT_GE(end.dX, 0.0);
             EXPECT_LE(end.dX, transform.m_rcDevice.Width());
         }
     }
     // So far in that no step is round any more, and no pixels at all.
     const CMapTransform transform = Map(600, 300, {0.0, 5e-10, 5e-10, 0.0});
-    SMapLayer layer;
+    SSceneLayer layer;
     AddDegreeGrid({transform, text}, layer);
     const CMapTransform none = Map(0, 300, {0.0, 1.0, 1.0, 0.0});
     AddDegreeGrid({none, text}, layer);
@@ -77,15 +77,15 @@ TEST(MapGrid, DistancesAreTrue)
         const double dNarrow = std::cos(dLatitude * DegreesToRadians);
         const CMapTransform transform =
             Map(900, 600, {5.0, dLatitude + 6.0 * dMile, 5.0 + 18.0 * dMile, dLatitude - 6.0 * dMile});
-        SMapLayer layer;
+        SSceneLayer layer;
         AddDistanceGrid({transform, text}, layer);
         int nVertical = 0;
-        for (const SMapText& label : layer.texts) {
-            const bool bVertical = label.horizontal == EMapAlign::Low;
+        for (const SSceneText& label : layer.texts) {
+            const bool bVertical = label.horizontal == ESceneAlign::Low;
             nVertical += bVertical ? 1 : 0;
             // The first label of either direction counts as 0.
-            const SMapText& first = *std::ranges::find_if(
-                layer.texts, [&](const SMapText& other) { return other.horizontal == label.horizontal; });
+            const SSceneText& first = *std::ranges::find_if(
+                layer.texts, [&](const SSceneText& other) { return other.horizontal == label.horizontal; });
             const double dPixels = bVertical ? label.at.dX - first.at.dX : first.at.dY - label.at.dY;
             const double dMiles = bVertical ? dPixels * transform.m_dUnitsPerPixelX * 60.0 * dNarrow
                                             : dPixels * -transform.m_dUnitsPerPixelY * 60.0;
@@ -99,7 +99,7 @@ TEST(MapGrid, DistancesAreTrue)
     }
     // 4 minutes are 0.0667 degrees, times 1.852 is 0.1235: the step is 0.1.
     const CMapTransform transform = Map(600, 600, {-2.0 * dMile, 2.0 * dMile, 2.0 * dMile, -2.0 * dMile});
-    SMapLayer layer;
+    SSceneLayer layer;
     AddDistanceGrid({transform, text}, layer);
     EXPECT_EQ(Labels(layer, true), "0 nm@300 | 0 nm@300 ");
 }
@@ -110,7 +110,7 @@ TEST(MapColors, SpeedsOfEachFileHaveTheirMix)
     {
         int nFile;
         double dFraction;
-        SMapColor color;
+        SSceneColor color;
     } cases[] = {
         {0, 0.0, {0, 0, 200}}, {0, 0.5, {0, 100, 100}}, {0, 1.0, {0, 200, 0}},   {1, 0.999, {199, 199, 1}},
         {2, 0.5, {0, 65, 65}}, {2, 1.0, {0, 130, 0}},   {3, 0.0, {0, 130, 130}}, {3, 0.504, {100, 65, 65}},
@@ -118,7 +118,7 @@ TEST(MapColors, SpeedsOfEachFileHaveTheirMix)
     };
     for (const auto& [nFile, dFraction, color] : cases) {
         EXPECT_EQ(SpeedPen(nFile, dFraction).color, color) << nFile << " " << dFraction;
-        EXPECT_EQ(SpeedPen(nFile, dFraction).role, nFile < 4 ? EMapRole::Speed : EMapRole::Track);
+        EXPECT_EQ(SpeedPen(nFile, dFraction).role, nFile < 4 ? ESceneRole::Data : ESceneRole::Track);
     }
     const struct
     {

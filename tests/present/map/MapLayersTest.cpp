@@ -14,15 +14,15 @@ struct SLayers : SMapWorld
         selection.m_nSeries = 0;
         selection.m_dViewMaxSpeed = 40.0;
     }
-    SMapLayer Ground(const SMapOptions& options = {})
+    SSceneLayer Ground(const SMapOptions& options = {})
     {
         return GroundLayer(surface, Tracks(options.bSpeedColor), selection, options);
     }
-    SMapLayer Run(const SMapOptions& options = {})
+    SSceneLayer Run(const SMapOptions& options = {})
     {
         return RunLayer(surface, event, Tracks(), selection, options);
     }
-    SMapLayer Names(const SMapOptions& options)
+    SSceneLayer Names(const SMapOptions& options)
     {
         return NamesLayer(surface, event, Tracks(), selection, options);
     }
@@ -45,7 +45,7 @@ struct SLayers : SMapWorld
     }
 
     CMapTransform transform;
-    SMapSurface surface{transform, text};
+    SSceneSurface surface{transform, text};
 };
 
 TEST_F(SLayers, AnyFlagMakesTheLineToItsPointRed)
@@ -53,18 +53,22 @@ TEST_F(SLayers, AnyFlagMakesTheLineToItsPointRed)
     AddLine(5, 0.01);
     Series(0).m_points[2].m_nInvalidFlags = InvalidFlag::DopplerSpike;
     Series(0).m_points[4].m_nInvalidFlags = 0x80; // none that is known
-    EXPECT_EQ(LinesText(Ground(), EMapRole::Track), "30,50 40,50; 20,50 30,50; 0,50 10,50; ");
-    EXPECT_EQ(LinesText(Ground(), EMapRole::Invalid), "10,50 20,50; ");
-    // A rider who comes back along an invalid stretch does not hide it.
+    EXPECT_EQ(LinesText(Ground(), ESceneRole::Track), "0,50 10,50; 30,50 40,50; 20,50 30,50; ");
+    EXPECT_EQ(LinesText(Ground(), ESceneRole::Invalid), "10,50 20,50; ");
+    // Lines lie over each other in the order of the points: here the way back over an invalid stretch.
     std::vector<CPosition> positions;
-    for (const double dX : {0.0, 0.01, 0.02, 0.01, 0.0, 0.01, 0.02})
+    for (const double dX : {0.0, 0.01, 0.02, 0.01, 0.0})
         positions.push_back({dX, 0.0});
     AddFile(positions).m_points[2].m_nInvalidFlags = InvalidFlag::User;
     selection.m_nSeries = 1;
-    const SMapLayer layer = Ground();
-    ASSERT_EQ(layer.lines.size(), 2U);
-    EXPECT_EQ(layer.lines.back().pen, MapPen::Invalid) << "on top of its file";
-    EXPECT_EQ(LinesText(layer, EMapRole::Invalid), "10,50 20,50; ");
+    const SSceneLayer all = Ground({.bReduce = false});
+    ASSERT_EQ(all.lines.size(), 3U);
+    EXPECT_EQ(all.lines[1].pen, MapPen::Invalid);
+    EXPECT_EQ(LinesText(all, ESceneRole::Invalid), "10,50 20,50; ");
+    EXPECT_EQ(LinesText(Ground(), ESceneRole::Invalid), "") << "not seen";
+    Series(1).m_points[2].m_nInvalidFlags = 0;
+    Series(1).m_points[3].m_nInvalidFlags = InvalidFlag::User;
+    EXPECT_EQ(LinesText(Ground(), ESceneRole::Invalid), "20,50 10,50; ");
 }
 
 TEST_F(SLayers, SpeedsAreInDisplayUnitsAndEachFileHasItsColours)
@@ -79,7 +83,7 @@ TEST_F(SLayers, SpeedsAreInDisplayUnitsAndEachFileHasItsColours)
     event.m_nSpeedUnits = SpeedUnit::Knots;
     const auto colors = [&] {
         std::string strColors;
-        for (const SMapLines& lines : Ground({.bSpeedColor = true}).lines)
+        for (const SSceneLines& lines : Ground({.bSpeedColor = true}).lines)
             strColors += std::to_string(lines.pen.color.nRed) + " " + std::to_string(lines.pen.color.nGreen) +
                          " " + std::to_string(lines.pen.color.nBlue) + "; ";
         return strColors;
@@ -105,7 +109,7 @@ TEST_F(SLayers, TheNeighbourhoodIsTwoHundredAndOnePoints)
         selection.m_nFocusSeries = nFocus < 0 ? -1 : 1;
         selection.m_dFocusPoint = nFocus;
         std::size_t nCount = 0;
-        for (const SMapLines& lines : Ground({.bNeighborhood = true, .bReduce = false}).lines)
+        for (const SSceneLines& lines : Ground({.bNeighborhood = true, .bReduce = false}).lines)
             nCount += lines.Count();
         return nCount;
     };
@@ -130,9 +134,9 @@ TEST_F(SLayers, NodesAreShownWhereTheyAreSparse)
     const SMapOptions nodes = {.bNodes = true};
     EXPECT_EQ(Ground(nodes).circles.size(), 0U);
     Series(0).m_dTotalDistance = 0.67;
-    const SMapLayer layer = Ground(nodes);
+    const SSceneLayer layer = Ground(nodes);
     ASSERT_EQ(layer.circles.size(), 4U) << "one is out of view";
-    EXPECT_EQ(layer.circles[1].centre, (SMapPoint{10.0, 50.0}));
+    EXPECT_EQ(layer.circles[1].centre, (SScenePoint{10.0, 50.0}));
     EXPECT_EQ(layer.circles[1].dRadiusX, 1.0);
     EXPECT_EQ(layer.circles[3].pen, MapPen::Invalid);
     EXPECT_TRUE(Ground().circles.empty());
@@ -152,7 +156,7 @@ TEST_F(SLayers, ThePickedRunHasItsCircles)
     AddWayPoint(Series(0).m_waypoints, 0.05, 2.2224);
     const auto circles = [&] {
         std::string strCircles;
-        for (const SMapCircle& circle : Run().circles) {
+        for (const SSceneCircle& circle : Run().circles) {
             EXPECT_EQ(circle.pen, MapPen::Gate);
             strCircles += std::to_string(std::lround(circle.centre.dX)) + " r" +
                           std::to_string(std::lround(circle.dRadiusX)) + "," +
@@ -163,7 +167,7 @@ TEST_F(SLayers, ThePickedRunHasItsCircles)
     EXPECT_TRUE(Run().IsEmpty());
     PickRun(2, 5, DivisionKind::Time);
     EXPECT_EQ(circles(), "");
-    const SMapLayer run = Run();
+    const SSceneLayer run = Run();
     ASSERT_EQ(run.polylines.size(), 1U);
     EXPECT_EQ(run.polylines[0].pen, MapPen::Run);
     EXPECT_EQ(run.polylines[0].pen.nWidth, 3);
@@ -210,7 +214,7 @@ TEST_F(SLayers, ThePickedRunHasItsCircles)
         pPoint->m_position.m_dLatitude = 60.0;
     transform.SetMapping({0, 0, 200, 100}, {0.0, 60.05, 0.4, 59.95});
     PickRun(3, 5, DivisionKind::AlphaRacing);
-    const SMapCircle circle = Run().circles.at(0);
+    const SSceneCircle circle = Run().circles.at(0);
     EXPECT_NEAR(circle.dRadiusX, circle.dRadiusY, circle.dRadiusY * 1e-3);
 }
 
@@ -221,15 +225,15 @@ TEST_F(SLayers, NamesZoomAndFocus)
     AddWayPoint(event.m_waypoints, 0.03, -1.0, "off");
     AddWayPoint(event.m_waypoints, 0.5, 1.0, "away");
     AddWayPoint(Series(0).m_waypoints, 0.1, -1.0, "check");
-    const SMapLayer names = Names({.bZoom = true, .bWayPoints = true});
+    const SSceneLayer names = Names({.bZoom = true, .bWayPoints = true});
     ASSERT_EQ(names.texts.size(), 3U);
     EXPECT_EQ(names.texts[0].strText, "here");
-    EXPECT_EQ(names.texts[0].at, (SMapPoint{20.0, 50.0}));
-    EXPECT_EQ(names.texts[0].horizontal, EMapAlign::Middle);
-    EXPECT_EQ(names.texts[0].vertical, EMapAlign::High);
+    EXPECT_EQ(names.texts[0].at, (SScenePoint{20.0, 50.0}));
+    EXPECT_EQ(names.texts[0].horizontal, ESceneAlign::Middle);
+    EXPECT_EQ(names.texts[0].vertical, ESceneAlign::High);
     EXPECT_EQ(names.texts[1].strText, "check");
     EXPECT_EQ(names.texts[2].strText, "Zoom=1.0");
-    EXPECT_EQ(names.texts[2].at, (SMapPoint{200.0, 100.0}));
+    EXPECT_EQ(names.texts[2].at, (SScenePoint{200.0, 100.0}));
     transform.ZoomBy(0.5);
     EXPECT_EQ(Names({.bZoom = true}).texts.at(0).strText, "Zoom=2.0");
     transform.ZoomReset();
@@ -237,9 +241,9 @@ TEST_F(SLayers, NamesZoomAndFocus)
 
     EXPECT_TRUE(FocusLayer(surface, FocusPosition(selection)).IsEmpty());
     selection.SetFocusPoint(0, 3.0);
-    EXPECT_EQ(LinesText(FocusLayer(surface, FocusPosition(selection)), EMapRole::Focus),
+    EXPECT_EQ(LinesText(FocusLayer(surface, FocusPosition(selection)), ESceneRole::Focus),
               "5,50 55,50; 30,25 30,75; ");
-    EXPECT_EQ(LinesText(FocusLayer({transform, text, 2.0}, FocusPosition(selection)), EMapRole::Focus),
+    EXPECT_EQ(LinesText(FocusLayer({transform, text, 2.0}, FocusPosition(selection)), ESceneRole::Focus),
               "-20,50 80,50; 30,0 30,100; ")
         << "a page has more pixels";
     EXPECT_TRUE(FocusLayer(surface, CPosition{.m_dLongitude = 9.0, .m_dLatitude = 9.0}).IsEmpty());

@@ -1,134 +1,57 @@
-#include "present/map/MapCover.h"
 #include "present/map/MapWorld.h"
+#include "present/scene/PixelCover.h"
 #include "support/Random.h"
 
 #include <map>
-#include <set>
 
 namespace kestrabel::test {
 namespace {
 
-TEST(MapCover, LinesAreCutToTheBox)
-{
-    const double dFar = 1e9;
-    const struct
-    {
-        SMapPoint from;
-        SMapPoint to;
-        bool bSeen;
-        SMapPoint cutFrom = {};
-        SMapPoint cutTo = {};
-    } cases[] = {
-        {{10, 10}, {90, 40}, true, {10, 10}, {90, 40}},
-        {{-50, 25}, {150, 25}, true, {0, 25}, {100, 25}},
-        {{150, 75}, {50, 25}, true, {100, 50}, {50, 25}},
-        {{-10, 40}, {20, 60}, true, {0, 140.0 / 3.0}, {5, 50}},
-        {{-10, 30}, {-5, 20}, false},
-        {{-10, 45}, {10, 60}, false}, // past a corner
-        {{100, 50}, {120, 70}, true, {100, 50}, {100, 50}},
-        {{30, -5}, {30, 55}, true, {30, 0}, {30, 50}},
-        {{-5, 10}, {-5, 20}, false},
-        {{20, 20}, {20, 20}, true, {20, 20}, {20, 20}},
-        {{-dFar, 25}, {dFar, 25}, true, {0, 25}, {100, 25}},
-        {{std::nan(""), 10}, {20, 20}, false},
-        {{10, 10}, {HUGE_VAL, 10}, false},
-    };
-    for (const auto& [from, to, bSeen, cutFrom, cutTo] : cases) {
-        for (const bool bTurned : {false, true}) {
-            SMapPoint one = bTurned ? to : from;
-            SMapPoint other = bTurned ? from : to;
-            ASSERT_EQ(ClipLine(0, 0, 100, 50, one, other), bSeen) << from.dX << "," << from.dY;
-            if (!bSeen)
-                continue;
-            const SMapPoint& first = bTurned ? other : one;
-            const SMapPoint& last = bTurned ? one : other;
-            EXPECT_NEAR(first.dX, cutFrom.dX, 1e-6);
-            EXPECT_NEAR(first.dY, cutFrom.dY, 1e-9);
-            EXPECT_NEAR(last.dX, cutTo.dX, 1e-6);
-            EXPECT_NEAR(last.dY, cutTo.dY, 1e-9);
-        }
-    }
-    // What a damaged file gives still ends within.
-    SMapPoint from = {-1e300, -1e300};
-    SMapPoint to = {1e300, 1.5e300};
-    if (ClipLine(0, 0, 100, 50, from, to)) {
-        for (const SMapPoint& end : {from, to})
-            EXPECT_TRUE(end.dX >= 0 && end.dX <= 100 && end.dY >= 0 && end.dY <= 50);
-    }
-}
+/// A picture as a widget without smoothing paints it: the colour that is on top of each pixel.
+using CPicture = std::map<std::pair<int, int>, SSceneColor>;
 
-TEST(MapCover, ALineClaimsEveryPixelOnce)
-{
-    CMapCover cover({0, 0, 20, 10});
-    EXPECT_TRUE(cover.Claim(2, 3, 12, 7));
-    EXPECT_FALSE(cover.Claim(2, 3, 12, 7));
-    EXPECT_FALSE(cover.Claim(7, 5, 7, 5)) << "in the middle of it";
-    EXPECT_TRUE(cover.Claim(7, 5, 7, 6)) << "one of two is new";
-    EXPECT_TRUE(cover.Claim(cover.Left(), cover.Top(), cover.Right(), cover.Bottom()));
-    EXPECT_FALSE(cover.Claim(cover.Right(), cover.Bottom(), cover.Right(), cover.Bottom()));
-    EXPECT_TRUE(cover.Claim(cover.Left(), cover.Bottom(), cover.Left(), cover.Bottom()));
-    EXPECT_TRUE(cover.Claim(cover.Right(), cover.Top(), cover.Right(), cover.Top()));
-    cover.Clear();
-    EXPECT_TRUE(cover.Claim(7, 5, 7, 5));
-}
-
-/// A picture as a widget without smoothing paints it: which pixels each pen reaches.
-using CPicture = std::map<std::pair<int, int>, std::set<std::tuple<int, int, int>>>;
-
-std::tuple<int, int, int> ColorOf(const SMapPen& pen)
-{
-    return {pen.color.nRed, pen.color.nGreen, pen.color.nBlue};
-}
-
-void Paint(CPicture& picture, const SMapArea& area, const SMapPen& pen, const SMapPoint& from,
-           const SMapPoint& to)
+void Paint(CPicture& picture, const SSceneArea& area, const SScenePen& pen, const SScenePoint& from,
+           const SScenePoint& to)
 {
     const auto pixel = [](double dPlace) { return static_cast<int>(std::floor(dPlace + 0.5)); };
-    CMapCover::ForEachPixel(pixel(from.dX), pixel(from.dY), pixel(to.dX), pixel(to.dY), [&](int nX, int nY) {
-        if (nX >= area.nLeft && nX < area.nRight && nY >= area.nTop && nY < area.nBottom)
-            picture[{nX, nY}].insert(ColorOf(pen));
-    });
+    CPixelCover::ForEachPixel(
+        pixel(from.dX), pixel(from.dY), pixel(to.dX), pixel(to.dY), [&](int nX, int nY) {
+            if (nX >= area.nLeft && nX < area.nRight && nY >= area.nTop && nY < area.nBottom)
+                picture[{nX, nY}] = pen.color;
+        });
 }
 
-CPicture Painted(const SMapLayer& layer, const SMapArea& area)
+CPicture Painted(const SSceneLayer& layer, const SSceneArea& area)
 {
     CPicture picture;
-    for (const SMapLines& lines : layer.lines) {
+    for (const SSceneLines& lines : layer.lines) {
         for (std::size_t i = 0; i + 1 < lines.ends.size(); i += 2)
             Paint(picture, area, lines.pen, lines.ends[i], lines.ends[i + 1]);
     }
-    for (const SMapPolyline& line : layer.polylines) {
+    for (const SScenePolyline& line : layer.polylines) {
         for (std::size_t i = 1; i < line.points.size(); ++i)
             Paint(picture, area, line.pen, line.points[i], line.points[i - 1]);
     }
     return picture;
 }
 
-/// The colour on top of each pixel when the files' lines are painted one after the other: points in their
-/// order, then each file's invalid stretches.
-std::map<std::pair<int, int>, std::tuple<int, int, int>> OnTop(std::span<const SMapTrack> tracks,
-                                                               const CMapTransform& transform)
+/// What the files' lines leave when they are painted one after the other, points in their order.
+CPicture PaintedOneByOne(std::span<const SMapTrack> tracks, const CMapTransform& transform)
 {
-    std::map<std::pair<int, int>, std::tuple<int, int, int>> top;
+    CPicture picture;
     for (const SMapTrack& track : tracks) {
-        for (const bool bInvalid : {false, true}) {
-            for (std::size_t i = 1; i < track.positions.size(); ++i) {
-                if ((track.pens[i] == SMapTrack::InvalidPen) != bInvalid)
-                    continue;
-                SMapPoint from = transform.Project(track.positions[i - 1]);
-                SMapPoint to = transform.Project(track.positions[i]);
-                if (!CMapCover(transform.m_rcDevice).Clip(from, to))
-                    continue;
-                CPicture line;
-                const SMapPen pen =
-                    bInvalid ? SMapPen{EMapRole::Invalid, {255, 0, 0}} : track.palette[track.pens[i]];
-                Paint(line, transform.m_rcDevice, pen, from, to);
-                for (const auto& [pixel, colors] : line)
-                    top[pixel] = *colors.begin();
-            }
+        for (std::size_t i = 1; i < track.positions.size(); ++i) {
+            SScenePoint from = transform.Project(track.positions[i - 1]);
+            SScenePoint to = transform.Project(track.positions[i]);
+            if (!CPixelCover(transform.m_rcDevice).Clip(from, to))
+                continue;
+            const bool bInvalid = track.pens[i] == SMapTrack::InvalidPen;
+            const SScenePen pen =
+                bInvalid ? SScenePen{ESceneRole::Invalid, {255, 0, 0}} : track.palette[track.pens[i]];
+            Paint(picture, transform.m_rcDevice, pen, from, to);
         }
     }
-    return top;
+    return picture;
 }
 
 struct SReduction : SMapWorld
@@ -188,21 +111,17 @@ TEST_F(SReduction, NothingThatIsSeenIsLost)
         selection.m_nRunSeries = random.Below(nFiles);
         selection.m_nRunStart = random.Below(300);
         selection.m_nRunEnd = selection.m_nRunStart + random.Below(1000);
-        const SMapSurface surface = {transform, text};
-        const SMapArea& area = transform.m_rcDevice;
+        const SSceneSurface surface = {transform, text};
+        const SSceneArea& area = transform.m_rcDevice;
 
-        const SMapLayer plain = GroundLayer(surface, tracks, selection, {.bReduce = false});
-        const SMapLayer reduced = GroundLayer(surface, tracks, selection, {});
-        const CPicture all = Painted(plain, area);
-        CPicture seen = Painted(reduced, area);
-        EXPECT_EQ(all.size(), seen.size()) << "pixels of round " << nRound;
-        for (const auto& [pixel, colors] : seen)
-            EXPECT_TRUE(std::ranges::includes(all.at(pixel), colors)) << "nothing is made up";
-        for (const auto& [pixel, color] : OnTop(tracks, transform))
-            ASSERT_TRUE(seen[pixel].contains(color)) << pixel.first << "," << pixel.second;
-        for (const SMapLines& lines : plain.lines)
+        const SSceneLayer plain = GroundLayer(surface, tracks, selection, {.bReduce = false});
+        const SSceneLayer reduced = GroundLayer(surface, tracks, selection, {});
+        const CPicture onTop = PaintedOneByOne(tracks, transform);
+        EXPECT_EQ(Painted(plain, area), onTop) << "round " << nRound;
+        EXPECT_EQ(Painted(reduced, area), onTop) << "round " << nRound;
+        for (const SSceneLines& lines : plain.lines)
             nPlain += lines.Count();
-        for (const SMapLines& lines : reduced.lines)
+        for (const SSceneLines& lines : reduced.lines)
             nReduced += lines.Count();
 
         EXPECT_EQ(Painted(RunLayer(surface, event, tracks, selection, {.bReduce = false}), area),
@@ -224,11 +143,11 @@ TEST_F(SReduction, BlocksOutOfViewAreSkippedBetweenLongJumps)
     selection.m_nSeries = 0;
     CMapTransform transform;
     transform.SetMapping({0, 0, 300, 300}, {-0.003, 0.003, 0.003, -0.003});
-    const SMapSurface surface = {transform, text};
+    const SSceneSurface surface = {transform, text};
     std::vector<SMapTrack> tracks = Tracks();
-    const SMapLayer with = GroundLayer(surface, tracks, selection, {.bReduce = false});
+    const SSceneLayer with = GroundLayer(surface, tracks, selection, {.bReduce = false});
     tracks[0].blocks.clear();
-    const SMapLayer without = GroundLayer(surface, tracks, selection, {.bReduce = false});
+    const SSceneLayer without = GroundLayer(surface, tracks, selection, {.bReduce = false});
     ASSERT_EQ(with.lines.size(), 1U);
     EXPECT_EQ(with.lines[0].Count(), 5U) << "two short ones, there, back and through twice";
     EXPECT_EQ(with.lines[0].ends, without.lines[0].ends);

@@ -7,9 +7,9 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr SMapModifiers Plain = {};
-constexpr SMapModifiers Shift = {.bShift = true};
-constexpr SMapModifiers Ctrl = {.bCtrl = true};
+constexpr SModifiers Plain = {};
+constexpr SModifiers Shift = {.bShift = true};
+constexpr SModifiers Ctrl = {.bCtrl = true};
 
 /// A map of 420 x 210 pixels over a file of 21 points, which lie 20 pixels apart in its middle.
 struct SView : SMapWorld
@@ -25,7 +25,7 @@ struct SView : SMapWorld
         view.OnSize(420, 210);
         view.OnUpdate(HINT_ALL);
     }
-    SMapPoint PixelOf(int nPoint)
+    SScenePoint PixelOf(int nPoint)
     {
         return view.Transform().WorldToDevice(
             selection.GetSeriesPoints(selection.m_nSeries)[nPoint].m_position);
@@ -42,10 +42,10 @@ struct SView : SMapWorld
 TEST_F(SView, AClickTakesTheFirstPointWithinThreePixels)
 {
     EXPECT_EQ(PixelOf(1).dX - PixelOf(0).dX, 20.0);
-    const SMapPoint third = PixelOf(3);
+    const SScenePoint third = PixelOf(3);
     const struct
     {
-        SMapPoint at;
+        SScenePoint at;
         std::pair<int, double> focus;
     } clicks[] = {
         {{third.dX + 4.0, third.dY}, {-1, -1.0}},
@@ -75,7 +75,7 @@ TEST_F(SView, AClickTakesTheFirstPointWithinThreePixels)
 
 TEST_F(SView, ButtonsWheelAndCommandsMoveTheView)
 {
-    const SMapPoint place = {100.0, 60.0};
+    const SScenePoint place = {100.0, 60.0};
     const auto staysAt = [&](auto&& act, double dFactor) {
         const CPosition before = view.Transform().DeviceToWorld(place);
         const double dUnits = Units();
@@ -106,7 +106,7 @@ TEST_F(SView, ButtonsWheelAndCommandsMoveTheView)
     EXPECT_FALSE(view.OnMouseMove({80.0, 45.0}, true));
     EXPECT_NEAR(view.Transform().DeviceToWorld({80.0, 45.0}).m_dLongitude, grabbed.m_dLongitude, 1e-12);
     EXPECT_NEAR(view.Transform().DeviceToWorld({80.0, 45.0}).m_dLatitude, grabbed.m_dLatitude, 1e-12);
-    const SMapScroll scroll = view.Scroll(EScrollBar::Horizontal);
+    const SScrollBar scroll = view.ScrollBar(EScrollBar::Horizontal);
     EXPECT_TRUE(scroll.bShown);
     EXPECT_EQ(scroll.nPage, 500);
     view.OnLButtonUp();
@@ -114,10 +114,10 @@ TEST_F(SView, ButtonsWheelAndCommandsMoveTheView)
     view.OnMouseMove({10.0, 10.0}, true);
     EXPECT_EQ(view.Transform().VisibleWorld(), visible) << "the button went down elsewhere";
     view.OnScroll(EScrollBar::Vertical, EScroll::First);
-    EXPECT_EQ(view.Scroll(EScrollBar::Vertical).nPosition, 0);
+    EXPECT_EQ(view.ScrollBar(EScrollBar::Vertical).nPosition, 0);
 
     view.OnMouseWheel(place, true);
-    EXPECT_FALSE(view.Scroll(EScrollBar::Horizontal).bShown) << "the whole extent again";
+    EXPECT_FALSE(view.ScrollBar(EScrollBar::Horizontal).bShown) << "the whole extent again";
     view.OnMouseWheel(place, false);
     EXPECT_TRUE(view.OnCommand(ECommand::ZoomAll));
     EXPECT_EQ(view.Transform().m_dZoomFactor, 1.0);
@@ -130,47 +130,47 @@ TEST_F(SView, KeysStepTheFocus)
 {
     const struct
     {
-        EMapKey key;
-        SMapModifiers modifiers;
+        EViewKey key;
+        SModifiers modifiers;
         double dPoint;
     } keys[] = {
-        {EMapKey::Right, Plain, 0.0}, // the first step
-        {EMapKey::Right, Plain, 1.0}, {EMapKey::Down, Plain, 2.0},  {EMapKey::Left, Plain, 1.0},
-        {EMapKey::Up, Plain, 0.0},    {EMapKey::Left, Plain, 0.0},  {EMapKey::Home, Plain, 1.0},
-        {EMapKey::End, Plain, 2.0},   {EMapKey::Right, Ctrl, 20.0}, {EMapKey::Right, Plain, 20.0},
-        {EMapKey::Up, Ctrl, 0.0},     {EMapKey::Down, Ctrl, 20.0},  {EMapKey::Left, Ctrl, 0.0},
-        {EMapKey::Right, Shift, 0.0}, // scrolls
+        {EViewKey::Right, Plain, 0.0}, // the first step
+        {EViewKey::Right, Plain, 1.0}, {EViewKey::Down, Plain, 2.0},  {EViewKey::Left, Plain, 1.0},
+        {EViewKey::Up, Plain, 0.0},    {EViewKey::Left, Plain, 0.0},  {EViewKey::Home, Plain, 1.0},
+        {EViewKey::End, Plain, 2.0},   {EViewKey::Right, Ctrl, 20.0}, {EViewKey::Right, Plain, 20.0},
+        {EViewKey::Up, Ctrl, 0.0},     {EViewKey::Down, Ctrl, 20.0},  {EViewKey::Left, Ctrl, 0.0},
+        {EViewKey::Right, Shift, 0.0}, // scrolls
     };
     for (const auto& [key, modifiers, dPoint] : keys) {
         EXPECT_TRUE(view.OnKeyDown(key, modifiers));
         EXPECT_EQ(Focus(), std::pair(0, dPoint)) << static_cast<int>(key);
     }
-    EXPECT_FALSE(view.OnKeyDown(EMapKey::Home, Ctrl));
-    EXPECT_FALSE(view.OnKeyDown(EMapKey::End, Shift));
-    view.OnKeyDown(EMapKey::Delete, Plain);
-    view.OnKeyDown(EMapKey::Backspace, Plain);
+    EXPECT_FALSE(view.OnKeyDown(EViewKey::Home, Ctrl));
+    EXPECT_FALSE(view.OnKeyDown(EViewKey::End, Shift));
+    view.OnKeyDown(EViewKey::Delete, Plain);
+    view.OnKeyDown(EViewKey::Backspace, Plain);
     EXPECT_EQ(strDeleted, ".<");
 
     view.OnMouseWheel({210.0, 105.0}, false);
     view.OnMouseWheel({210.0, 105.0}, false);
-    const int nPosition = view.Scroll(EScrollBar::Horizontal).nPosition;
-    view.OnKeyDown(EMapKey::Right, Shift);
-    EXPECT_EQ(view.Scroll(EScrollBar::Horizontal).nPosition, nPosition + 250);
-    view.OnKeyDown(EMapKey::Left, Shift);
-    EXPECT_EQ(view.Scroll(EScrollBar::Horizontal).nPosition, nPosition);
+    const int nPosition = view.ScrollBar(EScrollBar::Horizontal).nPosition;
+    view.OnKeyDown(EViewKey::Right, Shift);
+    EXPECT_EQ(view.ScrollBar(EScrollBar::Horizontal).nPosition, nPosition + 250);
+    view.OnKeyDown(EViewKey::Left, Shift);
+    EXPECT_EQ(view.ScrollBar(EScrollBar::Horizontal).nPosition, nPosition);
 
     selection.m_nSeries = -1; // all files: the first step is to the first of the merged points
     AddLine(3);
     selection.ForgetPoints();
     selection.SetFocusPoint(-1, -1.0);
-    EXPECT_TRUE(view.OnKeyDown(EMapKey::Right, Plain));
+    EXPECT_TRUE(view.OnKeyDown(EViewKey::Right, Plain));
     EXPECT_EQ(Focus(), std::pair(0, 0.0));
 
     Person().m_series.RemoveAll();
     selection.Reset();
     strDeleted.clear();
-    EXPECT_FALSE(view.OnKeyDown(EMapKey::Right, Plain));
-    EXPECT_FALSE(view.OnKeyDown(EMapKey::Delete, Plain));
+    EXPECT_FALSE(view.OnKeyDown(EViewKey::Right, Plain));
+    EXPECT_FALSE(view.OnKeyDown(EViewKey::Delete, Plain));
     EXPECT_EQ(strDeleted, "");
 }
 
@@ -186,7 +186,7 @@ TEST_F(SView, TheViewFollowsTheFocusOnlyWhenItMust)
         view.OnMouseWheel(PixelOf(10), false);
     EXPECT_FALSE(focus(11.0));
     EXPECT_TRUE(focus(20.0));
-    EXPECT_EQ(PixelOf(20), (SMapPoint{210.0, 105.0})) << "in the middle";
+    EXPECT_EQ(PixelOf(20), (SScenePoint{210.0, 105.0})) << "in the middle";
 
     // Edited points keep the zoom, and the focus in the middle.
     const double dUnits = Units();
@@ -194,7 +194,7 @@ TEST_F(SView, TheViewFollowsTheFocusOnlyWhenItMust)
     Series(0).m_rcBounds.m_dEast = 0.3;
     hub.UpdateAllViews(nullptr, HINT_POINTS_CHANGED);
     EXPECT_EQ(Units(), dUnits);
-    EXPECT_EQ(PixelOf(20), (SMapPoint{210.0, 105.0}));
+    EXPECT_EQ(PixelOf(20), (SScenePoint{210.0, 105.0}));
     for (int i = 0; i < 3; ++i)
         view.OnMouseWheel({0.0, 0.0}, true);
     EXPECT_NEAR(view.Transform().VisibleWorld().Width(), 0.3 * 1.05, 1e-9)
@@ -244,22 +244,23 @@ TEST_F(SView, AResizedPaneKeepsItsMiddleAndItsZoom)
 TEST_F(SView, OnlyWhatChangedIsComputedAgain)
 {
     const auto numbers = [&] {
-        const SMapScene& scene = view.Scene(text);
-        return std::array{scene.nGround, scene.nRun, scene.nNames, scene.nFocus};
+        const SScene& scene = view.Scene(text);
+        return std::array{scene.layers[MapGround].nVersion, scene.layers[MapRun].nVersion,
+                          scene.layers[MapNames].nVersion, scene.layers[MapFocus].nVersion};
     };
     const auto first = numbers();
     EXPECT_EQ(numbers(), first);
     selection.MoveFocus(nullptr, 0, 5.0);
     auto after = numbers();
     EXPECT_THAT(after, ElementsAre(first[0], first[1], first[2], first[3] + 1)) << "a step of the focus";
-    EXPECT_FALSE(view.Scene(text).focus.IsEmpty());
+    EXPECT_FALSE(view.Scene(text).layers[MapFocus].IsEmpty());
     selection.m_nRunSeries = selection.m_nRunCompetitor = 0;
     selection.m_nRunStart = 2;
     selection.m_nRunEnd = 6;
     hub.UpdateAllViews(nullptr, HINT_FOCUS_MOVED);
     EXPECT_EQ(numbers()[1], first[1] + 1) << "a picked run";
     EXPECT_EQ(numbers()[0], first[0]);
-    EXPECT_EQ(view.Scene(text).run.polylines.size(), 1U);
+    EXPECT_EQ(view.Scene(text).layers[MapRun].polylines.size(), 1U);
     view.OnMouseWheel({0.0, 0.0}, false);
     EXPECT_EQ(numbers()[0], first[0] + 1);
     view.ShowNeighborhood(true);
@@ -272,26 +273,26 @@ TEST_F(SView, OnlyWhatChangedIsComputedAgain)
     // Marked points come as other results.
     Series(0).m_points[7].m_nInvalidFlags = InvalidFlag::User;
     hub.UpdateAllViews(nullptr, HINT_RESULTS_CHANGED);
-    EXPECT_NE(LinesText(view.Scene(text).ground, EMapRole::Invalid), "");
+    EXPECT_NE(LinesText(view.Scene(text).layers[MapGround], ESceneRole::Invalid), "");
 }
 
 TEST_F(SView, ThePageShowsWhatTheScreenShows)
 {
     event.m_persons[0].m_series[0].m_points[1].m_nInvalidFlags = InvalidFlag::User;
     view.OnMouseWheel({0.0, 105.0}, false);
-    const SMapScene page = view.PrintScene({200, 100, 200 + 4200, 100 + 2100}, 10.0, text);
-    const SMapScene& screen = view.Scene(text);
-    const auto first = [](const SMapScene& scene) {
-        for (const SMapLines& lines : scene.ground.lines) {
-            if (lines.pen.role == EMapRole::Invalid)
+    const SScene page = view.PrintScene({200, 100, 200 + 4200, 100 + 2100}, 10.0, text);
+    const SScene& screen = view.Scene(text);
+    const auto first = [](const SScene& scene) {
+        for (const SSceneLines& lines : scene.layers[MapGround].lines) {
+            if (lines.pen.role == ESceneRole::Invalid)
                 return lines.ends.at(0);
         }
-        return SMapPoint{};
+        return SScenePoint{};
     };
     EXPECT_NEAR(first(page).dX, 200.0 + 10.0 * first(screen).dX, 1e-6);
     EXPECT_NEAR(first(page).dY, 100.0 + 10.0 * first(screen).dY, 1e-6);
-    EXPECT_EQ(page.names.texts.at(0).strText, "Zoom=2.0");
-    EXPECT_EQ(view.Transform().m_rcDevice, (SMapArea{0, 0, 420, 210})) << "the screen's is as it was";
+    EXPECT_EQ(page.layers[MapNames].texts.at(0).strText, "Zoom=2.0");
+    EXPECT_EQ(view.Transform().m_rcDevice, (SSceneArea{0, 0, 420, 210})) << "the screen's is as it was";
 }
 
 TEST_F(SView, ThePointerIsShownAndMayTakeTheKeyboard)
@@ -313,7 +314,7 @@ TEST_F(SView, NewWaypointsGoToThePointOrToTheClickedPosition)
     EXPECT_EQ(Focus(), std::pair(0, 4.0));
     view.OnRButtonDown({100.0, 10.0});
     const CPosition place = view.PlaceForNewPoint().value();
-    EXPECT_EQ(view.Transform().WorldToDevice(place), (SMapPoint{100.0, 10.0}));
+    EXPECT_EQ(view.Transform().WorldToDevice(place), (SScenePoint{100.0, 10.0}));
     EXPECT_EQ(Focus(), std::pair(0, 4.0)) << "stays";
 }
 
@@ -333,10 +334,10 @@ TEST_F(SView, TheChoiceOfFieldsIsKept)
     {
         CMapView other(event, hub, selection, settings);
         other.OnSize(420, 210);
-        EXPECT_FALSE(LinesText(other.Scene(text).ground, EMapRole::Speed).empty());
+        EXPECT_FALSE(LinesText(other.Scene(text).layers[MapGround], ESceneRole::Data).empty());
         other.ApplyFields(dialog);
-        EXPECT_TRUE(LinesText(other.Scene(text).ground, EMapRole::Speed).empty());
-        EXPECT_FALSE(LinesText(other.Scene(text).ground, EMapRole::Track).empty());
+        EXPECT_TRUE(LinesText(other.Scene(text).layers[MapGround], ESceneRole::Data).empty());
+        EXPECT_FALSE(LinesText(other.Scene(text).layers[MapGround], ESceneRole::Track).empty());
     }
     EXPECT_EQ(shown(CMapView(event, hub, selection, settings)), "Zoom;WayPoints;");
     EXPECT_EQ(settings.Read("Grid Fields/Map1/Speed Color", "Display"), "0");
@@ -359,9 +360,8 @@ TEST(MapView, WithoutFilesThereIsNothingButNoHarm)
         view.OnCommand(ECommand::ZoomOut);
         view.OnScroll(EScrollBar::Vertical, EScroll::PageOn);
         view.OnUpdate(HINT_POINTS_CHANGED);
-        const SMapScene& scene = view.Scene(text);
-        EXPECT_TRUE(scene.ground.IsEmpty() && scene.run.IsEmpty() && scene.names.IsEmpty() &&
-                    scene.focus.IsEmpty());
+        const SScene& scene = view.Scene(text);
+        EXPECT_TRUE(std::ranges::all_of(scene.layers, &SSceneLayer::IsEmpty));
     }
 }
 

@@ -10,7 +10,7 @@
 namespace kestrabel::test {
 
 /// A font of which every character is 7 pixels wide and 14 high.
-class CFixedText : public CMapTextSize
+class CFixedText : public CSceneTextSize
 {
 public:
     double Width(std::string_view strText) const override
@@ -72,10 +72,10 @@ struct SMapWorld : testing::Test, CPane
 };
 
 /// All ends of the lines of a role, as "x,y x,y; ".
-inline std::string LinesText(const SMapLayer& layer, EMapRole role)
+inline std::string LinesText(const SSceneLayer& layer, ESceneRole role)
 {
     std::string strText;
-    for (const SMapLines& lines : layer.lines) {
+    for (const SSceneLines& lines : layer.lines) {
         for (std::size_t i = 0; lines.pen.role == role && i < lines.ends.size(); ++i) {
             strText += std::to_string(std::lround(lines.ends[i].dX)) + "," +
                        std::to_string(std::lround(lines.ends[i].dY)) + (i % 2 == 0 ? " " : "; ");

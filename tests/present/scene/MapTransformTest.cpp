@@ -1,4 +1,4 @@
-#include "present/map/MapTransform.h"
+#include "present/scene/MapTransform.h"
 
 #include "present/map/MapScroll.h"
 
@@ -8,7 +8,7 @@
 namespace kestrabel {
 namespace {
 
-constexpr SMapArea Device = {0, 0, 400, 200};
+constexpr SSceneArea Device = {0, 0, 400, 200};
 
 CGeoRect Around(double dLatitude, double dWidth, double dHeight)
 {
@@ -43,7 +43,7 @@ TEST(MapTransform, TheWholeExtentFitsAndAKilometreIsEquallyLongBothWays)
         EXPECT_GE(visible.m_dEast, world.m_dEast - 1e-12);
         EXPECT_GE(visible.m_dNorth, world.m_dNorth - 1e-12);
         EXPECT_LE(visible.m_dSouth, world.m_dSouth + 1e-12);
-        EXPECT_EQ(transform.WorldToDevice(world.Centre()), (SMapPoint{200.0, 100.0}));
+        EXPECT_EQ(transform.WorldToDevice(world.Centre()), (SScenePoint{200.0, 100.0}));
     }
 
     // Beyond the poles there is no map, but no division by zero either.
@@ -76,10 +76,10 @@ TEST(MapTransform, PixelsAndDegreesLeadToEachOther)
     EXPECT_NEAR(transform.m_dAnchorFracX, 27.0 / 401.0, 1e-15);
     for (int i = 0; i < 3; ++i)
         transform.ZoomIn();
-    for (const SMapPoint& pixel : {SMapPoint{10.0, 20.0}, {411.0, 221.0}, {37.0, 100.0}, {-5000.0, 77.0}})
+    for (const SScenePoint& pixel : {SScenePoint{10.0, 20.0}, {411.0, 221.0}, {37.0, 100.0}, {-5000.0, 77.0}})
         EXPECT_EQ(transform.WorldToDevice(transform.DeviceToWorld(pixel)), pixel);
     const CPosition place = transform.DeviceToWorld({300.4, 99.6});
-    EXPECT_EQ(transform.WorldToDevice(place), (SMapPoint{300.0, 100.0})) << "rounded";
+    EXPECT_EQ(transform.WorldToDevice(place), (SScenePoint{300.0, 100.0})) << "rounded";
     EXPECT_NEAR(transform.Project(place).dX, 300.4, 1e-9);
 }
 
@@ -113,7 +113,7 @@ TEST(MapTransform, ZoomStepsBackToTheWholeExtent)
     for (int i = 0; i < 1000; ++i)
         transform.ZoomIn();
     EXPECT_TRUE(transform.IsUsable());
-    const SMapPoint pixel = {17.0, 55.0};
+    const SScenePoint pixel = {17.0, 55.0};
     EXPECT_EQ(transform.WorldToDevice(transform.DeviceToWorld(pixel)), pixel) << "pixels can still be told";
 }
 
@@ -146,10 +146,10 @@ TEST(MapScroll, BarsTellAndChangeWhereTheViewIs)
     const CGeoRect extent = Around(0.0, 4.0, 2.0); // as the device is shaped
     CMapTransform transform;
     transform.SetMapping(Device, extent);
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SMapScroll{false, 1000, 0}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SScrollBar{false, 1000, 0}));
     transform.ZoomBy(0.25);
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SMapScroll{true, 250, 375}));
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Vertical), (SMapScroll{true, 250, 375}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SScrollBar{true, MapScrollRange, 250, 375}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Vertical), (SScrollBar{true, MapScrollRange, 250, 375}));
 
     const struct
     {

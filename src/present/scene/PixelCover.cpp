@@ -1,11 +1,11 @@
-#include "present/map/MapCover.h"
+#include "present/scene/PixelCover.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace kestrabel {
 
-bool ClipLine(double dLeft, double dTop, double dRight, double dBottom, SMapPoint& from, SMapPoint& to)
+bool ClipLine(double dLeft, double dTop, double dRight, double dBottom, SScenePoint& from, SScenePoint& to)
 {
     // Most lines that are not seen lie on one side altogether.
     if ((from.dX < dLeft && to.dX < dLeft) || (from.dX > dRight && to.dX > dRight) ||
@@ -35,11 +35,11 @@ bool ClipLine(double dLeft, double dTop, double dRight, double dBottom, SMapPoin
     }
     if (dEnter > dLeave)
         return false;
-    const SMapPoint start = from;
+    const SScenePoint start = from;
     // An end that stays is not touched; one that is cut must not be rounded to beyond the edge.
     const auto at = [&](double dFraction) {
-        return SMapPoint{std::clamp(start.dX + dX * dFraction, dLeft, dRight),
-                         std::clamp(start.dY + dY * dFraction, dTop, dBottom)};
+        return SScenePoint{std::clamp(start.dX + dX * dFraction, dLeft, dRight),
+                           std::clamp(start.dY + dY * dFraction, dTop, dBottom)};
     };
     if (dEnter > 0.0)
         from = at(dEnter);

@@ -7,26 +7,26 @@
 namespace kestrabel {
 
 /// A place on the device: pixels from its upper left corner, y growing downwards.
-struct SMapPoint
+struct SScenePoint
 {
     double dX = 0.0;
     double dY = 0.0;
 
-    bool operator==(const SMapPoint&) const = default;
+    bool operator==(const SScenePoint&) const = default;
 };
 
 /// A rectangle of pixels; right and bottom are the first pixels outside.
-struct SMapArea
+struct SSceneArea
 {
     std::int32_t nLeft = 0;
     std::int32_t nTop = 0;
     std::int32_t nRight = 0;
     std::int32_t nBottom = 0;
 
-    bool operator==(const SMapArea&) const = default;
+    bool operator==(const SSceneArea&) const = default;
     double Width() const { return static_cast<double>(nRight) - nLeft; }
     double Height() const { return static_cast<double>(nBottom) - nTop; }
-    SMapPoint Centre() const { return {nLeft + Width() / 2.0, nTop + Height() / 2.0}; }
+    SScenePoint Centre() const { return {nLeft + Width() / 2.0, nTop + Height() / 2.0}; }
 };
 
 /// The plane of longitude and latitude on a rectangle of pixels: a scale, and one position (the anchor) that
@@ -43,21 +43,21 @@ public:
 
     /// Shows the whole of `world` in `device`, unzoomed, the anchor in the middle; `world` is what zooming
     /// out returns to.
-    void SetMapping(const SMapArea& device, const CGeoRect& world);
+    void SetMapping(const SSceneArea& device, const CGeoRect& world);
     /// Shows the whole of `world` in the rectangle as it is, the anchor at its fractions of both. The zoom
     /// factor stays.
     void SetWorld(const CGeoRect& world);
     /// Another rectangle: at least the same world, as large as it fits, or with `bKeepWorld` off the same
     /// scale. The anchor stays at its fractions, the zoom factor as it is.
-    void SetDeviceRect(const SMapArea& device, bool bKeepWorld = true);
+    void SetDeviceRect(const SSceneArea& device, bool bKeepWorld = true);
     /// What zooming out returns to, without showing it now.
     void SetExtent(const CGeoRect& world) { m_rcExtent = world; }
 
     /// Moves the anchor to a pixel, rounded to whole ones; what the old anchor showed is shown there.
-    void SetDeviceAnchor(const SMapPoint& point);
+    void SetDeviceAnchor(const SScenePoint& point);
     void SetWorldAnchor(const CPosition& position);
     /// Moves the anchor, but nothing that is shown.
-    void AnchorAt(const SMapPoint& point);
+    void AnchorAt(const SScenePoint& point);
 
     /// Shows `dFactor` times as much, about the anchor; nothing for 0 and for what is no number. Scales that
     /// a double cannot tell from each other any more are not gone to.
@@ -69,11 +69,11 @@ public:
     void ZoomReset() { SetMapping(m_rcDevice, m_rcExtent); }
     bool IsZoomed() const { return m_dZoomFactor != 1.0; }
 
-    CPosition DeviceToWorld(const SMapPoint& point) const;
+    CPosition DeviceToWorld(const SScenePoint& point) const;
     /// Rounded to whole pixels.
-    SMapPoint WorldToDevice(const CPosition& position) const;
+    SScenePoint WorldToDevice(const CPosition& position) const;
     /// The same without rounding.
-    SMapPoint Project(const CPosition& position) const;
+    SScenePoint Project(const CPosition& position) const;
     CGeoRect VisibleWorld() const;
 
     /// False while there is nothing to draw: no pixels, or an extent without width and height.
@@ -88,7 +88,7 @@ public:
     double m_dDevAnchorY = 0.0;      ///< a whole number
     double m_dUnitsPerPixelX = 1.0;  ///< degrees
     double m_dUnitsPerPixelY = -1.0; ///< degrees
-    SMapArea m_rcDevice;
+    SSceneArea m_rcDevice;
     double m_dZoomStep = 1.3;
     bool m_bGeographic;
 

@@ -1,4 +1,4 @@
-#include "present/map/MapTransform.h"
+#include "present/scene/MapTransform.h"
 
 #include "geo/Angle.h"
 
@@ -45,7 +45,7 @@ void CMapTransform::UpdateFractions()
         m_dAnchorFracY = (m_rcDevice.nBottom - m_dDevAnchorY) / m_rcDevice.Height();
 }
 
-void CMapTransform::SetMapping(const SMapArea& device, const CGeoRect& world)
+void CMapTransform::SetMapping(const SSceneArea& device, const CGeoRect& world)
 {
     m_rcDevice = device;
     m_rcExtent = world;
@@ -65,7 +65,7 @@ void CMapTransform::SetWorld(const CGeoRect& world)
 
 /// Fitting the visible world like an extent would shrink it: what is visible has the shape of the map
 /// already.
-void CMapTransform::SetDeviceRect(const SMapArea& device, bool bKeepWorld)
+void CMapTransform::SetDeviceRect(const SSceneArea& device, bool bKeepWorld)
 {
     const double dFactor =
         std::max(m_rcDevice.Width() / device.Width(), m_rcDevice.Height() / device.Height());
@@ -78,7 +78,7 @@ void CMapTransform::SetDeviceRect(const SMapArea& device, bool bKeepWorld)
     m_dUnitsPerPixelY *= dFactor;
 }
 
-void CMapTransform::SetDeviceAnchor(const SMapPoint& point)
+void CMapTransform::SetDeviceAnchor(const SScenePoint& point)
 {
     m_dDevAnchorX = std::round(point.dX);
     m_dDevAnchorY = std::round(point.dY);
@@ -91,9 +91,9 @@ void CMapTransform::SetWorldAnchor(const CPosition& position)
     m_dWorldAnchorY = position.m_dLatitude;
 }
 
-void CMapTransform::AnchorAt(const SMapPoint& point)
+void CMapTransform::AnchorAt(const SScenePoint& point)
 {
-    const SMapPoint pixel = {std::round(point.dX), std::round(point.dY)};
+    const SScenePoint pixel = {std::round(point.dX), std::round(point.dY)};
     SetWorldAnchor(DeviceToWorld(pixel));
     SetDeviceAnchor(pixel);
 }
@@ -117,21 +117,21 @@ void CMapTransform::ZoomOut()
         ZoomReset();
 }
 
-CPosition CMapTransform::DeviceToWorld(const SMapPoint& point) const
+CPosition CMapTransform::DeviceToWorld(const SScenePoint& point) const
 {
     return {.m_dLongitude = (point.dX - m_dDevAnchorX) * m_dUnitsPerPixelX + m_dWorldAnchorX,
             .m_dLatitude = (point.dY - m_dDevAnchorY) * m_dUnitsPerPixelY + m_dWorldAnchorY};
 }
 
-SMapPoint CMapTransform::Project(const CPosition& position) const
+SScenePoint CMapTransform::Project(const CPosition& position) const
 {
     return {(position.m_dLongitude - m_dWorldAnchorX) / m_dUnitsPerPixelX + m_dDevAnchorX,
             (position.m_dLatitude - m_dWorldAnchorY) / m_dUnitsPerPixelY + m_dDevAnchorY};
 }
 
-SMapPoint CMapTransform::WorldToDevice(const CPosition& position) const
+SScenePoint CMapTransform::WorldToDevice(const CPosition& position) const
 {
-    const SMapPoint point = Project(position);
+    const SScenePoint point = Project(position);
     return {std::round(point.dX), std::round(point.dY)};
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "present/map/MapTransform.h"
+#include "present/scene/MapTransform.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,16 +11,16 @@ namespace kestrabel {
 
 /// Cuts a line to what lies in a box of coordinates, edges included (after Liang and Barsky, 1984). False,
 /// and the ends as they were, when nothing does or an end is no number.
-bool ClipLine(double dLeft, double dTop, double dRight, double dBottom, SMapPoint& from, SMapPoint& to);
+bool ClipLine(double dLeft, double dTop, double dRight, double dBottom, SScenePoint& from, SScenePoint& to);
 
 /// The pixels that lines have reached so far, within the device rectangle and a margin around it.
-class CMapCover
+class CPixelCover
 {
 public:
     /// Lines are cut at this distance from the rectangle, so that pens of some width still end outside of it.
     static constexpr int Margin = 4;
 
-    explicit CMapCover(const SMapArea& area)
+    explicit CPixelCover(const SSceneArea& area)
         : m_nLeft(area.nLeft - Margin),
           m_nTop(area.nTop - Margin),
           m_nWidth(area.nRight - area.nLeft + 2 * Margin + 1),
@@ -32,7 +32,7 @@ public:
     void Clear() { m_bits.assign(m_bits.size(), 0); }
 
     /// Cuts the line to the covered rectangle. False when nothing is left.
-    bool Clip(SMapPoint& from, SMapPoint& to) const
+    bool Clip(SScenePoint& from, SScenePoint& to) const
     {
         return ClipLine(m_nLeft, m_nTop, m_nLeft + m_nWidth - 1, m_nTop + m_nHeight - 1, from, to);
     }

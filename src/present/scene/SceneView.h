@@ -1,0 +1,90 @@
+#pragma once
+
+#include "geo/GeoRect.h"
+#include "present/Command.h"
+#include "present/GridFieldsDialog.h"
+#include "present/scene/Scene.h"
+#include "present/scene/ScrollBar.h"
+#include "present/UpdateHub.h"
+
+#include <functional>
+#include <optional>
+#include <utility>
+
+namespace kestrabel {
+
+struct SModifiers
+{
+    bool bShift = false;
+    bool bCtrl = false;
+};
+
+enum class EViewKey
+{
+    Left,
+    Right,
+    Up,
+    Down,
+    Home,
+    End,
+    Delete,
+    Backspace,
+};
+
+/// A view that is drawn: the map, the speed graph. A pane passes on what the user does, draws the scene and
+/// shows the scroll bars; all of that in pixels of its client area.
+class CSceneView : public CPane
+{
+public:
+    struct SListener
+    {
+        /// The scene or a scroll bar may be another.
+        std::function<void()> onChanged = [] {};
+        /// The selection has other status-bar texts, those of the pointer.
+        std::function<void()> onStatus = [] {};
+        /// The user wants the focus point deleted, or the one before it.
+        std::function<void(bool bBefore)> onDelete = [](bool) {};
+    };
+    void SetListener(SListener listener) { m_listener = std::move(listener); }
+
+    void OnInitialUpdate() override { OnUpdate(HINT_ALL); }
+
+    /// The client area.
+    virtual void OnSize(int nWidth, int nHeight) = 0;
+    /// Fonts or colours are others.
+    virtual void Refresh() = 0;
+
+    /// What to draw now. Layers in which nothing changed are not computed again.
+    virtual const SScene& Scene(const CSceneTextSize& text) = 0;
+    /// What is visible, fitted into an area of a page of which `dScale` pixels make one of the screen.
+    virtual SScene PrintScene(const SSceneArea& area, double dScale, const CSceneTextSize& text) = 0;
+
+    virtual SScrollBar ScrollBar(EScrollBar bar) const = 0;
+    virtual void OnScroll(EScrollBar bar, EScroll scroll, int nThumb = 0) = 0;
+
+    virtual void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) = 0;
+    virtual void OnLButtonUp() = 0;
+    /// Drags with the left button held; shows where the pointer is. True: the pane is to take the keyboard.
+    virtual bool OnMouseMove(const SScenePoint& point, bool bLeftButton) = 0;
+    /// Forward, away from the user, shows more.
+    virtual void OnMouseWheel(const SScenePoint& point, bool bForward) = 0;
+    /// Remembers the place for the commands of the context menu.
+    virtual void OnRButtonDown(const SScenePoint& point) = 0;
+
+    /// False: the key means nothing here.
+    virtual bool OnKeyDown(EViewKey key, SModifiers modifiers) = 0;
+
+    /// The zoom commands. False: it is none of them.
+    virtual bool OnCommand(ECommand command) = 0;
+    /// Where "Add Waypoint..." and "Add CheckPoint..." of the context menu are to add one: none for the focus
+    /// point, which a view may move for it.
+    virtual std::optional<CPosition> PlaceForNewPoint() = 0;
+
+    virtual SGridFieldsDialog FieldsDialog() const = 0;
+    virtual void ApplyFields(const SGridFieldsDialog& dialog) = 0;
+
+protected:
+    SListener m_listener;
+};
+
+} // namespace kestrabel
