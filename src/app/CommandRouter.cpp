@@ -195,13 +195,13 @@ bool CCommandRouter::OnPoints(ECommand command, const SCommandPlace& place)
 
 bool CCommandRouter::OnFocus(ECommand command, const SCommandPlace& place)
 {
-    if (place.position && command == ECommand::AddWaypoint) {
-        AddWaypointAtPosition(m_document, *place.position);
-        return true;
-    }
-    if (place.position && command == ECommand::AddCheckPoint) {
-        AddCheckPointAtPosition(m_document, *place.position);
-        return true;
+    const bool bNewPoint = command == ECommand::AddWaypoint || command == ECommand::AddCheckPoint;
+    if (bNewPoint && place.placeForNewPoint) {
+        if (const std::optional<CPosition> position = place.placeForNewPoint()) {
+            command == ECommand::AddWaypoint ? AddWaypointAtPosition(m_document, *position)
+                                             : AddCheckPointAtPosition(m_document, *position);
+            return true;
+        }
     }
     const auto focus = [&] {
         ShowFocusFile();

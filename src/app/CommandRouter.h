@@ -31,8 +31,9 @@ struct SCommandPlace
     STreeNode node = {};                       ///< of the tree
     std::span<CTrackPoint* const> points = {}; ///< selected in the track-point grid, in its order
     bool bCtrlHeld = false;
-    /// Clicked on the map, for a new waypoint where there is no point; none: the focus point is meant.
-    std::optional<CPosition> position = {};
+    /// Asks the pane where a new waypoint is to be: at a position without a point, or, with none, at the
+    /// focus point, which the pane may move for it. Empty: at the focus point.
+    std::function<std::optional<CPosition>()> placeForNewPoint = {};
 };
 
 /// What of the window is shown.

@@ -149,6 +149,8 @@ constexpr SMenuItem GraphMenu[] = {
     {"Zoom In", ZoomIn},
     {"Zoom Out", ZoomOut},
     {"Zoom All", ZoomAll},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 constexpr SMenuItem MapMenu[] = {
@@ -163,6 +165,8 @@ constexpr SMenuItem MapMenu[] = {
     {"Zoom Out", ZoomOut},
     {"Zoom All", ZoomAll},
     {"Show Neighborhood", ShowNeighborhood},
+    {"Print...", Print},
+    {"Print Preview", PrintPreview},
 };
 
 /// The scissors delete what is invalid.

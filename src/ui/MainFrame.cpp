@@ -2,15 +2,18 @@
 
 #include "app/DroppedFiles.h"
 #include "app/RecentFiles.h"
+#include "present/map/MapView.h"
 #include "present/StatusBar.h"
 #include "ui/MenuBuilder.h"
 #include "ui/panes/GridView.h"
 #include "ui/panes/MainTreeView.h"
 #include "ui/panes/PlaceholderPane.h"
 #include "ui/print/GridPrintJob.h"
+#include "ui/print/ScenePrintJob.h"
 #include "ui/print/TreePrintJob.h"
 #include "ui/QtDesktop.h"
 #include "ui/QtText.h"
+#include "ui/scene/ScenePane.h"
 
 #include <QAction>
 #include <QApplication>
@@ -159,12 +162,15 @@ void CMainFrame::CreatePanes()
     CKestroDoc& document = m_pApplication->m_document;
     m_pTree = std::make_unique<CProjectTree>(document.m_event, document.m_hub,
                                              [&document] { document.CreateDefaultCompetitor(); });
+    m_pMap = std::make_unique<CMapView>(document.m_event, document.m_hub, document.m_selection, m_settings);
     m_pResults =
         std::make_unique<CResultGrid>(document.m_event, document.m_hub, document.m_selection, m_settings);
     m_pPoints = std::make_unique<CTrackPointGrid>(document.m_event, document.m_hub, document.m_selection,
                                                   m_settings, m_progress);
 
     m_pTreePane = new CMainTreeView(*m_pTree, *m_pRouter, document);
+    m_pMapPane = new CScenePane(*m_pMap, EPane::Map, "Map", *m_pRouter, *m_pDesktop);
+    m_pMapPane->m_onStatus = [this] { ShowStatus(); };
     m_pResultPane = new CGridView(*m_pResults, nullptr, *m_pRouter, *m_pDesktop);
     m_pPointPane = new CGridView(*m_pPoints, m_pPoints.get(), *m_pRouter, *m_pDesktop);
     m_pGrids = new QSplitter(Qt::Vertical);
@@ -173,7 +179,7 @@ void CMainFrame::CreatePanes()
     m_pGrids->setSizes(GridHeights);
     m_pColumns = new QSplitter(Qt::Horizontal);
     m_pColumns->addWidget(m_pTreePane);
-    m_pColumns->addWidget(new CPlaceholderPane("Map"));
+    m_pColumns->addWidget(m_pMapPane);
     m_pColumns->addWidget(m_pGrids);
     m_pColumns->setSizes(ColumnWidths);
     m_pRows = new QSplitter(Qt::Vertical, this);
@@ -185,6 +191,18 @@ void CMainFrame::CreatePanes()
 
 void CMainFrame::PlugWindowCommands()
 {
+    const auto zoom = [this](ECommand command) {
+        m_pRouter->Plug(command, [this, command](const SCommandPlace& place) {
+            if (CScenePane* pPane = ScenePaneOf(place.pane))
+                pPane->View().OnCommand(command);
+        });
+    };
+    zoom(ECommand::ZoomIn);
+    zoom(ECommand::ZoomOut);
+    zoom(ECommand::ZoomAll);
+    m_pRouter->Plug(ECommand::ShowNeighborhood, [this](const SCommandPlace&) {
+        m_pMap->ShowNeighborhood(m_pRouter->m_frame.bNeighborhood);
+    });
     const auto applyState = [this](const SCommandPlace&) { ApplyFrameState(); };
     m_pRouter->Plug(ECommand::ShowToolbar, applyState);
     m_pRouter->Plug(ECommand::ShowStatusBar, applyState);
@@ -194,7 +212,10 @@ void CMainFrame::PlugWindowCommands()
     m_pRouter->Plug(ECommand::Exit, [this](const SCommandPlace&) { close(); });
     m_pRouter->Plug(ECommand::Copy, [this](const SCommandPlace&) { ActiveGrid()->CopySelection(); });
     m_pRouter->Plug(ECommand::Fields, [this](const SCommandPlace& place) {
-        (place.pane == EPane::ResultGrid ? m_pResultPane : m_pPointPane)->ChooseFields();
+        if (CScenePane* pPane = ScenePaneOf(place.pane))
+            pPane->ChooseFields();
+        else
+            (place.pane == EPane::ResultGrid ? m_pResultPane : m_pPointPane)->ChooseFields();
     });
     m_pRouter->Plug(ECommand::Print, [this](const SCommandPlace& place) {
         kestrabel::Print(this, *m_pPrinter, *PrintJobOf(place.pane));
@@ -211,6 +232,14 @@ CGridView* CMainFrame::ActiveGrid() const
     return m_pResultPane->hasFocus() ? m_pResultPane : m_pPointPane;
 }
 
+CScenePane* CMainFrame::ScenePaneOf(EPane pane) const
+{
+    switch (pane) {
+    case EPane::Map: return m_pMapPane;
+    default: return nullptr;
+    }
+}
+
 /// The main menu prints the track points, whichever pane is active; context menus print their own pane.
 std::unique_ptr<CPrintJob> CMainFrame::PrintJobOf(EPane pane) const
 {
@@ -222,6 +251,9 @@ std::unique_ptr<CPrintJob> CMainFrame::PrintJobOf(EPane pane) const
     if (pane == EPane::ResultGrid)
         return std::make_unique<CGridPrintJob>(
             *m_pResults, ToQt(document.m_selection.m_strCaption + "  " + strTitle), strDate);
+    if (CScenePane* pPane = ScenePaneOf(pane))
+        return std::make_unique<CScenePrintJob>(
+            pPane->View(), ToQt(document.m_selection.m_strCaption + "  " + strTitle), strDate);
     return std::make_unique<CGridPrintJob>(
         *m_pPoints, ToQt(PrintHeading(document.m_event, document.m_selection, strTitle)), strDate);
 }

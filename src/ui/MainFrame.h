@@ -23,7 +23,10 @@ namespace kestrabel {
 
 class CGridView;
 class CMainTreeView;
+class CMapView;
 class CPrintJob;
+class CScenePane;
+class CSceneView;
 
 /// The one window: menus, toolbar, status bar, and the panes in nested splitters.
 ///
@@ -62,6 +65,8 @@ private:
     void CreateShortcuts();
     void PlugWindowCommands();
     CGridView* ActiveGrid() const;
+    /// The map or the graph; null for any other pane.
+    CScenePane* ScenePaneOf(EPane pane) const;
     std::unique_ptr<CPrintJob> PrintJobOf(EPane pane) const;
     void ShowTitle();
     void ShowStatus();
@@ -83,6 +88,7 @@ private:
     QSplitter* m_pColumns = nullptr; ///< tree, map, grids
     QSplitter* m_pGrids = nullptr;   ///< results over track points
     CMainTreeView* m_pTreePane = nullptr;
+    CScenePane* m_pMapPane = nullptr;
     CGridView* m_pResultPane = nullptr;
     CGridView* m_pPointPane = nullptr;
     std::string m_strShownLog;
@@ -95,6 +101,7 @@ private:
     std::unique_ptr<CApplication> m_pApplication;
     std::unique_ptr<CCommandRouter> m_pRouter;
     std::unique_ptr<CProjectTree> m_pTree;
+    std::unique_ptr<CMapView> m_pMap;
     std::unique_ptr<CResultGrid> m_pResults;
     std::unique_ptr<CTrackPointGrid> m_pPoints;
 };

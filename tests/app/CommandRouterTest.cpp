@@ -18,7 +18,7 @@
 namespace kestrabel::test {
 namespace {
 
-constexpr SCommandPlace OnNode(int nKind, int nIndex)
+SCommandPlace OnNode(int nKind, int nIndex)
 {
     return {.pane = EPane::Tree, .node = {nKind, nIndex}};
 }
@@ -137,7 +137,8 @@ TEST(CommandRouter, NoItemIsDead)
               "&Print...;Print Pre&view;P&rint Setup...;E&xit;&Undo;&Redo;Show Division Results;a button;"
               "a button;a button;a button;Print...;Print Preview;Print...;Print Preview;Grid &Fields...;"
               "Print...;Print Preview;Grid &Fields...;Print...;Print Preview;Graph &Fields...;Zoom In;"
-              "Zoom Out;Zoom All;Graph &Fields...;Zoom In;Zoom Out;Zoom All;");
+              "Zoom Out;Zoom All;Print...;Print Preview;Graph &Fields...;Zoom In;Zoom Out;Zoom All;Print...;"
+              "Print Preview;");
 
     // Somebody carries out what is enabled, though the user cancels everything.
     CUnwillingDesktop unwilling;

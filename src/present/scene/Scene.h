@@ -10,6 +10,7 @@
 
 namespace kestrabel {
 
+/// A colour on white. On a dark background a painter turns light into dark and back.
 struct SSceneColor
 {
     std::uint8_t nRed = 0;
@@ -19,12 +20,11 @@ struct SSceneColor
     bool operator==(const SSceneColor&) const = default;
 };
 
-/// What a line or a text stands for. A theme may have other colours for these than the given ones; that of
-/// data is always as given.
+/// What a line or a text stands for.
 enum class ESceneRole
 {
     Grid,
-    Track, ///< plain lines, black on a light background
+    Track, ///< plain lines
     Data,  ///< a speed, or a series of the graph
     Invalid,
     Run,

@@ -146,10 +146,13 @@ TEST(MapScroll, BarsTellAndChangeWhereTheViewIs)
     const CGeoRect extent = Around(0.0, 4.0, 2.0); // as the device is shaped
     CMapTransform transform;
     transform.SetMapping(Device, extent);
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SScrollBar{false, 1000, 0}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal),
+              (SScrollBar{false, MapScrollRange, MapScrollRange, 0}));
     transform.ZoomBy(0.25);
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal), (SScrollBar{true, MapScrollRange, 250, 375}));
-    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Vertical), (SScrollBar{true, MapScrollRange, 250, 375}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Horizontal),
+              (SScrollBar{true, MapScrollRange, 250, 375}));
+    EXPECT_EQ(ScrollOf(transform, extent, EScrollBar::Vertical),
+              (SScrollBar{true, MapScrollRange, 250, 375}));
 
     const struct
     {
