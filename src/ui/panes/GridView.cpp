@@ -103,8 +103,9 @@ void CGridView::Follow(int nRow)
     clearSelection();
     if (nRow >= 0 && nRow < m_grid.RowCount()) {
         const QModelIndex index = m_pModel->index(nRow, 0);
-        setCurrentIndex(index);
-        selectRow(nRow);
+        // Not by `selectRow`, which would heed a Ctrl key that is held for the pane in which the focus moved.
+        selectionModel()->setCurrentIndex(index,
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         scrollTo(index);
     }
     m_bFilling = bBefore;

@@ -1,18 +1,18 @@
 #include "ui/scene/ScenePainter.h"
 
+#include "present/scene/PixelCover.h"
 #include "ui/QtText.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace kestrabel {
 
 namespace {
-
-/// Beyond these smooth drawing takes longer than a frame may.
-constexpr std::size_t SmoothLines = 4000;
 
 /// The colours are made for white. Turned lightness keeps their contrast; full colours become no lighter than
 /// that they still can be told from each other.
@@ -27,20 +27,77 @@ QColor ColorOf(const SSceneColor& given, const SSceneStyle& style)
     return color;
 }
 
-QPen PenOf(const SScenePen& pen, const SSceneStyle& style, bool bSmooth)
+QPen PenOf(const SScenePen& pen, const SSceneStyle& style)
 {
-    QPen result(ColorOf(pen.color, style));
-    const bool bHairline = !bSmooth && pen.nWidth == 1;
-    result.setWidthF(bHairline ? 1.0 : pen.nWidth * style.dPenScale);
-    result.setCosmetic(bHairline);
-    result.setCapStyle(Qt::RoundCap);
-    result.setJoinStyle(Qt::RoundJoin);
-    return result;
+    return {ColorOf(pen.color, style), pen.nWidth * style.dPenScale, Qt::SolidLine, Qt::RoundCap,
+            Qt::RoundJoin};
 }
 
+/// Whole numbers of the scene are the middle of a pixel.
 QPointF ToPoint(const SScenePoint& point)
 {
-    return {point.dX, point.dY};
+    return {point.dX + 0.5, point.dY + 0.5};
+}
+
+void PaintBands(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    for (const SSceneBand& band : layer.bands)
+        painter.fillRect(
+            QRectF(band.from.dX, band.from.dY, band.to.dX - band.from.dX, band.to.dY - band.from.dY),
+            ColorOf(band.color, style));
+}
+
+void PaintLines(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    QList<QPointF> points;
+    for (const SSceneLines& lines : layer.lines) {
+        points.clear();
+        for (const SScenePoint& end : lines.ends)
+            points.push_back(ToPoint(end));
+        painter.setPen(PenOf(lines.pen, style));
+        painter.drawLines(points.constData(), static_cast<int>(points.size() / 2));
+    }
+}
+
+void StrokeLines(QImage& picture, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    const double dScale = picture.devicePixelRatio();
+    const auto pixel = [dScale](double dPlace) {
+        return static_cast<int>(std::floor(dPlace * dScale + 0.5));
+    };
+    const int nWidth = picture.width();
+    const int nHeight = picture.height();
+    auto* const pPixels = reinterpret_cast<QRgb*>(picture.bits());
+    const qsizetype nStride = picture.bytesPerLine() / static_cast<qsizetype>(sizeof(QRgb));
+    for (const SSceneLines& lines : layer.lines) {
+        const QRgb color = ColorOf(lines.pen.color, style).rgb();
+        for (std::size_t i = 0; i + 1 < lines.ends.size(); i += 2) {
+            const SScenePoint& from = lines.ends[i];
+            const SScenePoint& to = lines.ends[i + 1];
+            CPixelCover::ForEachPixel(pixel(from.dX), pixel(from.dY), pixel(to.dX), pixel(to.dY),
+                                      [&](int nX, int nY) {
+                                          if (nX >= 0 && nX < nWidth && nY >= 0 && nY < nHeight)
+                                              pPixels[nY * nStride + nX] = color;
+                                      });
+        }
+    }
+}
+
+void PaintCurves(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    QList<QPointF> points;
+    for (const SScenePolyline& line : layer.polylines) {
+        points.clear();
+        for (const SScenePoint& point : line.points)
+            points.push_back(ToPoint(point));
+        painter.setPen(PenOf(line.pen, style));
+        painter.drawPolyline(points.constData(), static_cast<int>(points.size()));
+    }
+    painter.setBrush(Qt::NoBrush);
+    for (const SSceneCircle& circle : layer.circles) {
+        painter.setPen(PenOf(circle.pen, style));
+        painter.drawEllipse(ToPoint(circle.centre), circle.dRadiusX, circle.dRadiusY);
+    }
 }
 
 void PaintText(QPainter& painter, const SSceneText& text, const SSceneStyle& style)
@@ -64,6 +121,13 @@ void PaintText(QPainter& painter, const SSceneText& text, const SSceneStyle& sty
                      ToQt(text.strText));
 }
 
+void PaintTexts(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    painter.setFont(style.font);
+    for (const SSceneText& text : layer.texts)
+        PaintText(painter, text, style);
+}
+
 } // namespace
 
 double CFontTextSize::Width(std::string_view strText) const
@@ -83,34 +147,23 @@ std::size_t PrimitiveCount(const SSceneLayer& layer)
 
 void PaintLayer(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style)
 {
-    const bool bSmooth = PrimitiveCount(layer) <= SmoothLines;
-    painter.setRenderHint(QPainter::Antialiasing, bSmooth);
-    for (const SSceneBand& band : layer.bands)
-        painter.fillRect(QRectF(ToPoint(band.from), ToPoint(band.to)), ColorOf(band.color, style));
+    painter.setRenderHint(QPainter::Antialiasing);
+    PaintBands(painter, layer, style);
+    PaintLines(painter, layer, style);
+    PaintCurves(painter, layer, style);
+    PaintTexts(painter, layer, style);
+}
 
-    QList<QPointF> points;
-    for (const SSceneLines& lines : layer.lines) {
-        points.clear();
-        for (const SScenePoint& end : lines.ends)
-            points.push_back(ToPoint(end));
-        painter.setPen(PenOf(lines.pen, style, bSmooth));
-        painter.drawLines(points.constData(), static_cast<int>(points.size() / 2));
+void PaintDenseLayer(QImage& picture, const SSceneLayer& layer, const SSceneStyle& style)
+{
+    if (!layer.bands.empty()) {
+        QPainter painter(&picture);
+        PaintBands(painter, layer, style);
     }
-    for (const SScenePolyline& line : layer.polylines) {
-        points.clear();
-        for (const SScenePoint& point : line.points)
-            points.push_back(ToPoint(point));
-        painter.setPen(PenOf(line.pen, style, bSmooth));
-        painter.drawPolyline(points.constData(), static_cast<int>(points.size()));
-    }
-    painter.setBrush(Qt::NoBrush);
-    for (const SSceneCircle& circle : layer.circles) {
-        painter.setPen(PenOf(circle.pen, style, bSmooth));
-        painter.drawEllipse(ToPoint(circle.centre), circle.dRadiusX, circle.dRadiusY);
-    }
-    painter.setFont(style.font);
-    for (const SSceneText& text : layer.texts)
-        PaintText(painter, text, style);
+    StrokeLines(picture, layer, style);
+    QPainter painter(&picture);
+    PaintCurves(painter, layer, style);
+    PaintTexts(painter, layer, style);
 }
 
 } // namespace kestrabel

@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QFontMetricsF>
 
+class QImage;
 class QPainter;
 
 namespace kestrabel {
@@ -28,11 +29,15 @@ struct SSceneStyle
     bool bDark = false;     ///< the background is: colours are turned from dark to light
 };
 
-/// Draws a layer in the painter's units. Few lines are drawn smoothly. So many that they run into each other
-/// are drawn one device pixel thin, which shows more of them, and is fast.
+/// Lines, circles and texts.
+std::size_t PrimitiveCount(const SSceneLayer& layer);
+
+/// Draws a layer smoothly, in the painter's units.
 void PaintLayer(QPainter& painter, const SSceneLayer& layer, const SSceneStyle& style);
 
-/// Lines and circles, to tell a layer that is worth keeping as a picture from one that is quickly drawn.
-std::size_t PrimitiveCount(const SSceneLayer& layer);
+/// Draws a layer whose lines are so many that they run into each other: these are one pixel of the picture
+/// thin and either cover a pixel or not. Which ones is what the scene reckons with when it leaves out lines
+/// that are covered by later ones.
+void PaintDenseLayer(QImage& picture, const SSceneLayer& layer, const SSceneStyle& style);
 
 } // namespace kestrabel

@@ -17,6 +17,9 @@ namespace {
 /// Layers of fewer lines are drawn as quickly as copied.
 constexpr std::size_t KeptPrimitives = 200;
 
+/// More run into each other, and drawing them smoothly would take longer than a frame may.
+constexpr std::size_t SmoothPrimitives = 4000;
+
 constexpr int WheelStep = QWheelEvent::DefaultDeltasPerStep;
 
 std::optional<EViewKey> ViewKeyOf(int nKey)
@@ -126,8 +129,12 @@ const QImage& CScenePane::Picture(std::size_t nLayer, const SSceneLayer& layer, 
     }
     picture.image.fill(nLayer == 0 ? palette().color(QPalette::Base) : Qt::transparent);
     picture.nVersion = layer.nVersion;
-    QPainter painter(&picture.image);
-    PaintLayer(painter, layer, style);
+    if (PrimitiveCount(layer) > SmoothPrimitives) {
+        PaintDenseLayer(picture.image, layer, style);
+    } else {
+        QPainter painter(&picture.image);
+        PaintLayer(painter, layer, style);
+    }
     return picture.image;
 }
 
@@ -198,6 +205,7 @@ void CScenePane::ShowScrollBar(EScrollBar bar)
         setVerticalScrollBarPolicy(policy);
     const SScrollBar shown = m_view.ScrollBar(bar);
     QScrollBar* pBar = bHorizontal ? horizontalScrollBar() : verticalScrollBar();
+    const QSignalBlocker quiet(pBar); // its position is rounded, the view's is not
     pBar->setRange(0, shown.nRange - shown.nPage);
     pBar->setPageStep(shown.nPage);
     pBar->setSliderPosition(shown.nPosition);
