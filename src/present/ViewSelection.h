@@ -61,6 +61,14 @@ public:
     void MoveFocus(const CPane* pSender, int nSeries, double dPoint);
     void PickResult(const CPane* pSender, const CResult* pResult);
 
+    /// The picked run by what tells it from another.
+    using CRunKey = std::array<int, 8>;
+    CRunKey RunKey() const
+    {
+        return {m_nRunCompetitor, m_nRunSeries, m_nRunStart,    m_nRunEnd,
+                m_nRunDivision,   m_nRunKind,   m_nRunWaypoint, m_nRunWaypoint2};
+    }
+
     /// The picked run and the list of results become none; results that are about to be deleted must not be
     /// referred to.
     void ForgetResults();

@@ -2,12 +2,12 @@
 
 #include "app/DroppedFiles.h"
 #include "app/RecentFiles.h"
+#include "present/graph/ResultSpeedGraphView.h"
 #include "present/map/MapView.h"
 #include "present/StatusBar.h"
 #include "ui/MenuBuilder.h"
 #include "ui/panes/GridView.h"
 #include "ui/panes/MainTreeView.h"
-#include "ui/panes/PlaceholderPane.h"
 #include "ui/print/GridPrintJob.h"
 #include "ui/print/ScenePrintJob.h"
 #include "ui/print/TreePrintJob.h"
@@ -163,6 +163,8 @@ void CMainFrame::CreatePanes()
     m_pTree = std::make_unique<CProjectTree>(document.m_event, document.m_hub,
                                              [&document] { document.CreateDefaultCompetitor(); });
     m_pMap = std::make_unique<CMapView>(document.m_event, document.m_hub, document.m_selection, m_settings);
+    m_pGraph = std::make_unique<CResultSpeedGraphView>(document.m_event, document.m_hub, document.m_selection,
+                                                       m_settings);
     m_pResults =
         std::make_unique<CResultGrid>(document.m_event, document.m_hub, document.m_selection, m_settings);
     m_pPoints = std::make_unique<CTrackPointGrid>(document.m_event, document.m_hub, document.m_selection,
@@ -170,7 +172,9 @@ void CMainFrame::CreatePanes()
 
     m_pTreePane = new CMainTreeView(*m_pTree, *m_pRouter, document);
     m_pMapPane = new CScenePane(*m_pMap, EPane::Map, "Map", *m_pRouter, *m_pDesktop);
-    m_pMapPane->m_onStatus = [this] { ShowStatus(); };
+    m_pGraphPane = new CScenePane(*m_pGraph, EPane::Graph, "Speed graph", *m_pRouter, *m_pDesktop);
+    for (CScenePane* pPane : {m_pMapPane, m_pGraphPane})
+        pPane->m_onStatus = [this] { ShowStatus(); };
     m_pResultPane = new CGridView(*m_pResults, nullptr, *m_pRouter, *m_pDesktop);
     m_pPointPane = new CGridView(*m_pPoints, m_pPoints.get(), *m_pRouter, *m_pDesktop);
     m_pGrids = new QSplitter(Qt::Vertical);
@@ -184,7 +188,7 @@ void CMainFrame::CreatePanes()
     m_pColumns->setSizes(ColumnWidths);
     m_pRows = new QSplitter(Qt::Vertical, this);
     m_pRows->addWidget(m_pColumns);
-    m_pRows->addWidget(new CPlaceholderPane("Speed graph"));
+    m_pRows->addWidget(m_pGraphPane);
     m_pRows->setSizes(RowHeights);
     setCentralWidget(m_pRows);
 }
@@ -236,6 +240,7 @@ CScenePane* CMainFrame::ScenePaneOf(EPane pane) const
 {
     switch (pane) {
     case EPane::Map: return m_pMapPane;
+    case EPane::Graph: return m_pGraphPane;
     default: return nullptr;
     }
 }

@@ -25,6 +25,7 @@ class CGridView;
 class CMainTreeView;
 class CMapView;
 class CPrintJob;
+class CResultSpeedGraphView;
 class CScenePane;
 class CSceneView;
 
@@ -89,6 +90,7 @@ private:
     QSplitter* m_pGrids = nullptr;   ///< results over track points
     CMainTreeView* m_pTreePane = nullptr;
     CScenePane* m_pMapPane = nullptr;
+    CScenePane* m_pGraphPane = nullptr;
     CGridView* m_pResultPane = nullptr;
     CGridView* m_pPointPane = nullptr;
     std::string m_strShownLog;
@@ -102,6 +104,7 @@ private:
     std::unique_ptr<CCommandRouter> m_pRouter;
     std::unique_ptr<CProjectTree> m_pTree;
     std::unique_ptr<CMapView> m_pMap;
+    std::unique_ptr<CResultSpeedGraphView> m_pGraph;
     std::unique_ptr<CResultGrid> m_pResults;
     std::unique_ptr<CTrackPointGrid> m_pPoints;
 };

@@ -5,15 +5,10 @@
 namespace kestrabel {
 
 namespace MapPen {
-inline constexpr SScenePen Grid = {ESceneRole::Grid, {200, 200, 200}};
-inline constexpr SScenePen Track = {ESceneRole::Track, {0, 0, 0}};
-inline constexpr SScenePen Invalid = {ESceneRole::Invalid, {255, 0, 0}};
 inline constexpr SScenePen Run = {ESceneRole::Run, {255, 50, 255}, 3};
 inline constexpr SScenePen Gate = {ESceneRole::Gate, {200, 50, 50}};
-inline constexpr SScenePen Focus = {ESceneRole::Focus, {50, 50, 200}};
 } // namespace MapPen
 
-inline constexpr SSceneColor ZoomTextColor = {100, 100, 100};
 inline constexpr SSceneColor WayPointNameColor = {200, 0, 200};
 
 /// A speed as a fraction of the highest one shown, 0 to 1; one half while nobody moved (`dViewMaxSpeed` up to

@@ -3,6 +3,7 @@
 #include "geo/Angle.h"
 #include "model/NumberText.h"
 #include "present/map/MapColors.h"
+#include "present/scene/SceneParts.h"
 
 #include <algorithm>
 #include <cmath>
@@ -62,7 +63,7 @@ public:
     CGridDrawing(const SSceneSurface& surface, SSceneLayer& layer, bool bFarEdges)
         : m_surface(surface), m_layer(layer), m_bFarEdges(bFarEdges)
     {
-        m_lines.pen = MapPen::Grid;
+        m_lines.pen = ScenePen::Grid;
     }
     ~CGridDrawing()
     {
@@ -105,7 +106,7 @@ private:
     void Label(const SScenePoint& at, ESceneAlign horizontal, ESceneAlign vertical,
                const std::string& strText)
     {
-        m_layer.texts.push_back({ESceneRole::Grid, MapPen::Grid.color, at, horizontal, vertical, strText});
+        m_layer.texts.push_back({ESceneRole::Grid, ScenePen::Grid.color, at, horizontal, vertical, strText});
     }
 
     const SSceneSurface& m_surface;

@@ -2,6 +2,7 @@
 #include "present/map/MapGrid.h"
 #include "present/map/MapLayers.h"
 #include "present/map/MapSegments.h"
+#include "present/scene/SceneParts.h"
 
 #include <algorithm>
 #include <iterator>
@@ -13,11 +14,10 @@ namespace {
 /// Degrees of longitude in view for each kilometre between two points, at most, for the points to be told
 /// from each other.
 constexpr double DensestNodes = 1.5;
-constexpr double NodeRadius = 1.0; // pixels of the screen: a node is three wide
 
 const SScenePen& PenOf(const SMapTrack& track, std::uint16_t nPen)
 {
-    return nPen == SMapTrack::InvalidPen ? MapPen::Invalid : track.palette[nPen];
+    return nPen == SMapTrack::InvalidPen ? ScenePen::Invalid : track.palette[nPen];
 }
 
 /// The lines of one track in the order of its points, neighbours of one pen together. The last are walked

@@ -1,8 +1,8 @@
 #include "present/map/MapLayers.h"
 
-#include "model/NumberText.h"
 #include "present/map/MapColors.h"
 #include "present/map/MapSegments.h"
+#include "present/scene/SceneParts.h"
 
 namespace kestrabel {
 
@@ -146,15 +146,8 @@ SSceneLayer NamesLayer(const SSceneSurface& surface, const CEvent& event, std::s
                 AddName(surface, visible, *pWayPoint, layer);
         }
     }
-    if (options.bZoom) {
-        const SSceneArea& area = surface.transform.m_rcDevice;
-        layer.texts.push_back({ESceneRole::ZoomText,
-                               ZoomTextColor,
-                               {static_cast<double>(area.nRight), static_cast<double>(area.nBottom)},
-                               ESceneAlign::High,
-                               ESceneAlign::High,
-                               "Zoom=" + FormatPadded(1.0 / surface.transform.m_dZoomFactor, 0, 1)});
-    }
+    if (options.bZoom)
+        layer.texts.push_back(ZoomText(surface.transform.m_rcDevice, surface.transform.m_dZoomFactor));
     return layer;
 }
 
@@ -177,7 +170,7 @@ SSceneLayer FocusLayer(const SSceneSurface& surface, const std::optional<CPositi
     const SScenePoint centre = surface.transform.WorldToDevice(*focus);
     const double dArm = CrossArm * surface.dScale;
     const CPixelCover cover(surface.transform.m_rcDevice);
-    SSceneLines cross = {MapPen::Focus, {}};
+    SSceneLines cross = {ScenePen::Focus, {}};
     for (const auto& [dX, dY] : {SScenePoint{dArm, 0.0}, SScenePoint{0.0, dArm}}) {
         SScenePoint from = {centre.dX - dX, centre.dY - dY};
         SScenePoint to = {centre.dX + dX, centre.dY + dY};

@@ -33,19 +33,8 @@ SScrollBar ScrollOf(const CMapTransform& transform, const CGeoRect& extent, EScr
 
 void ScrollMap(CMapTransform& transform, const CGeoRect& extent, EScrollBar bar, EScroll scroll, int nThumb)
 {
-    const SScrollBar now = ScrollOf(transform, extent, bar);
-    const int nLast = MapScrollRange - now.nPage;
-    int nPosition = now.nPosition;
-    switch (scroll) {
-    case EScroll::LineBack: nPosition -= 1; break;
-    case EScroll::LineOn: nPosition += 1; break;
-    case EScroll::PageBack: nPosition -= now.nPage; break;
-    case EScroll::PageOn: nPosition += now.nPage; break;
-    case EScroll::First: nPosition = 0; break;
-    case EScroll::Last: nPosition = nLast; break;
-    case EScroll::Thumb: nPosition = nThumb; break;
-    }
-    const double dFraction = static_cast<double>(std::clamp(nPosition, 0, nLast)) / MapScrollRange;
+    const int nPosition = PositionAfter(ScrollOf(transform, extent, bar), scroll, nThumb);
+    const double dFraction = static_cast<double>(nPosition) / MapScrollRange;
     const CGeoRect visible = transform.VisibleWorld();
     CPosition anchor{.m_dLongitude = transform.m_dWorldAnchorX, .m_dLatitude = transform.m_dWorldAnchorY};
     if (bar == EScrollBar::Horizontal)

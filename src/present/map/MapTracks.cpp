@@ -2,6 +2,7 @@
 
 #include "model/SpeedUnits.h"
 #include "present/map/MapColors.h"
+#include "present/scene/SceneParts.h"
 
 #include <span>
 
@@ -52,7 +53,7 @@ std::vector<SMapTrack> MakeMapTracks(const CEvent& event, const CViewSelection& 
             continue;
         const int nColors = bOneFile ? 0 : nSeries;
         SMapTrack track = Pack(series, nSeries);
-        track.palette.assign(bSpeedColor ? LastSpeedStep + 1 : 1, MapPen::Track);
+        track.palette.assign(bSpeedColor ? LastSpeedStep + 1 : 1, ScenePen::Track);
         for (const CTrackPoint* pPoint : series.m_points) {
             track.positions.push_back(pPoint->m_position);
             std::uint16_t nPen = 0;

@@ -1,6 +1,7 @@
 #include "present/map/MapView.h"
 
 #include "model/NumberText.h"
+#include "present/scene/FocusStep.h"
 
 #include <algorithm>
 #include <cmath>
@@ -120,13 +121,6 @@ void CMapView::ApplyFields(const SGridFieldsDialog& dialog)
 
 // The scene
 
-CMapView::CRunKey CMapView::RunKey() const
-{
-    return {m_selection.m_nRunCompetitor, m_selection.m_nRunSeries,   m_selection.m_nRunStart,
-            m_selection.m_nRunEnd,        m_selection.m_nRunDivision, m_selection.m_nRunKind,
-            m_selection.m_nRunWaypoint,   m_selection.m_nRunWaypoint2};
-}
-
 void CMapView::UpdateTracks()
 {
     if (!m_bTracksStale)
@@ -148,7 +142,7 @@ const SScene& CMapView::Scene(const CSceneTextSize& text)
     const SSceneSurface surface = {m_transform, text};
     const SMapOptions options = Options();
     const bool bGround = m_bGroundStale;
-    const CRunKey run = RunKey();
+    const CViewSelection::CRunKey run = m_selection.RunKey();
     const std::optional<CPosition> focus = FocusPosition(m_selection);
     m_scene.layers.resize(MapLayers);
     if (bGround) {
@@ -289,11 +283,13 @@ bool CMapView::OnKeyDown(EViewKey key, SModifiers modifiers)
     case EViewKey::Up:
     case EViewKey::Down:
         if (!modifiers.bShift)
-            return StepFocus(key, modifiers.bCtrl);
+            return StepFocus(m_selection, nullptr, key == EViewKey::Right || key == EViewKey::Down,
+                             modifiers.bCtrl);
         ScrollPage(key);
         return true;
     case EViewKey::Home:
-    case EViewKey::End: return !modifiers.bShift && !modifiers.bCtrl && StepFocus(EViewKey::Right, false);
+    case EViewKey::End:
+        return !modifiers.bShift && !modifiers.bCtrl && StepFocus(m_selection, nullptr, true, false);
     case EViewKey::Delete: m_listener.onDelete(false); return true;
     case EViewKey::Backspace: m_listener.onDelete(true); return true;
     }
@@ -306,26 +302,6 @@ void CMapView::ScrollPage(EViewKey key)
     const bool bOn = key == EViewKey::Right || key == EViewKey::Down;
     OnScroll(bHorizontal ? EScrollBar::Horizontal : EScrollBar::Vertical,
              bOn ? EScroll::PageOn : EScroll::PageBack);
-}
-
-/// Without a focus the first step leads to the first point of what is shown.
-bool CMapView::StepFocus(EViewKey key, bool bCtrl)
-{
-    const int nSeries = m_selection.m_nFocusSeries != -1 ? m_selection.m_nFocusSeries : m_selection.m_nSeries;
-    const CObjectArray<CTrackPoint>& points = m_selection.GetSeriesPoints(nSeries);
-    if (points.IsEmpty())
-        return false;
-    const bool bOn = key == EViewKey::Right || key == EViewKey::Down;
-    const int nLast = points.GetCount() - 1;
-    int nPoint = static_cast<int>(m_selection.m_dFocusPoint) + (bOn ? 1 : -1);
-    if (bCtrl)
-        nPoint = bOn ? nLast : 0;
-    nPoint = std::clamp(nPoint, 0, nLast);
-    if (nSeries >= 0)
-        m_selection.MoveFocus(nullptr, nSeries, nPoint);
-    else
-        FocusOn(points[nPoint], nullptr);
-    return true;
 }
 
 // Commands

@@ -6,7 +6,6 @@
 #include "present/scene/SceneView.h"
 #include "present/ViewSelection.h"
 
-#include <array>
 #include <cstddef>
 #include <optional>
 
@@ -73,7 +72,6 @@ private:
     void ShowInMiddle(const CPosition& position);
     void ZoomAt(const SScenePoint& point, bool bIn);
     void ShowPointer(const SScenePoint& point);
-    bool StepFocus(EViewKey key, bool bCtrl);
     void ScrollPage(EViewKey key);
     void Moved();
     void UpdateTracks();
@@ -93,15 +91,11 @@ private:
     std::optional<SScenePoint> m_pointer; ///< where it was last
     SScenePoint m_rightClicked;
 
-    /// The picked run by what tells it from another.
-    using CRunKey = std::array<int, 8>;
-    CRunKey RunKey() const;
-
     // What is kept from scene to scene.
     std::vector<SMapTrack> m_tracks;
     bool m_bTracksStale = true;
     bool m_bGroundStale = true;
-    CRunKey m_shownRun = {};
+    CViewSelection::CRunKey m_shownRun = {};
     std::optional<CPosition> m_shownFocus;
     SScene m_scene;
 };

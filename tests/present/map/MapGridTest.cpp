@@ -4,6 +4,7 @@
 #include "platform/NumberInput.h"
 #include "present/map/MapColors.h"
 #include "present/map/MapWorld.h"
+#include "present/scene/SceneParts.h"
 
 namespace kestrabel::test {
 namespace {
@@ -52,7 +53,7 @@ TEST(MapGrid, DegreesAreRoundAndTheirLabelsDoNotOverlap)
         SSceneLayer layer;
         AddDegreeGrid({transform, text}, layer);
         ASSERT_EQ(layer.lines.size(), 1U);
-        EXPECT_EQ(layer.lines[0].pen, MapPen::Grid);
+        EXPECT_EQ(layer.lines[0].pen, ScenePen::Grid);
         EXPECT_EQ(Labels(layer, false), strLabels);
         for (const SScenePoint& end : layer.lines[0].ends) {
             EXPECT_GE(end.dX, 0.0);

@@ -1,6 +1,7 @@
 #include "geo/Angle.h"
 #include "present/map/MapColors.h"
 #include "present/map/MapWorld.h"
+#include "present/scene/SceneParts.h"
 
 namespace kestrabel::test {
 namespace {
@@ -63,7 +64,7 @@ TEST_F(SLayers, AnyFlagMakesTheLineToItsPointRed)
     selection.m_nSeries = 1;
     const SSceneLayer all = Ground({.bReduce = false});
     ASSERT_EQ(all.lines.size(), 3U);
-    EXPECT_EQ(all.lines[1].pen, MapPen::Invalid);
+    EXPECT_EQ(all.lines[1].pen, ScenePen::Invalid);
     EXPECT_EQ(LinesText(all, ESceneRole::Invalid), "10,50 20,50; ");
     EXPECT_EQ(LinesText(Ground(), ESceneRole::Invalid), "") << "not seen";
     Series(1).m_points[2].m_nInvalidFlags = 0;
@@ -97,7 +98,7 @@ TEST_F(SLayers, SpeedsAreInDisplayUnitsAndEachFileHasItsColours)
     selection.m_dViewMaxSpeed = 0.5;
     selection.m_nSeries = 0;
     EXPECT_EQ(colors(), "0 100 100; ");
-    EXPECT_EQ(Ground().lines[0].pen, MapPen::Track) << "without colours";
+    EXPECT_EQ(Ground().lines[0].pen, ScenePen::Track) << "without colours";
 }
 
 TEST_F(SLayers, TheNeighbourhoodIsTwoHundredAndOnePoints)
@@ -138,7 +139,7 @@ TEST_F(SLayers, NodesAreShownWhereTheyAreSparse)
     ASSERT_EQ(layer.circles.size(), 4U) << "one is out of view";
     EXPECT_EQ(layer.circles[1].centre, (SScenePoint{10.0, 50.0}));
     EXPECT_EQ(layer.circles[1].dRadiusX, 1.0);
-    EXPECT_EQ(layer.circles[3].pen, MapPen::Invalid);
+    EXPECT_EQ(layer.circles[3].pen, ScenePen::Invalid);
     EXPECT_TRUE(Ground().circles.empty());
     Series(0).m_dTotalDopplerDistance = 0.5;
     EXPECT_TRUE(Ground(nodes).circles.empty()) << "by Doppler speed where there is one";

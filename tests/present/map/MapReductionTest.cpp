@@ -1,39 +1,9 @@
 #include "present/map/MapWorld.h"
-#include "present/scene/PixelCover.h"
+#include "present/scene/Picture.h"
 #include "support/Random.h"
-
-#include <map>
 
 namespace kestrabel::test {
 namespace {
-
-/// A picture as a widget without smoothing paints it: the colour that is on top of each pixel.
-using CPicture = std::map<std::pair<int, int>, SSceneColor>;
-
-void Paint(CPicture& picture, const SSceneArea& area, const SScenePen& pen, const SScenePoint& from,
-           const SScenePoint& to)
-{
-    const auto pixel = [](double dPlace) { return static_cast<int>(std::floor(dPlace + 0.5)); };
-    CPixelCover::ForEachPixel(
-        pixel(from.dX), pixel(from.dY), pixel(to.dX), pixel(to.dY), [&](int nX, int nY) {
-            if (nX >= area.nLeft && nX < area.nRight && nY >= area.nTop && nY < area.nBottom)
-                picture[{nX, nY}] = pen.color;
-        });
-}
-
-CPicture Painted(const SSceneLayer& layer, const SSceneArea& area)
-{
-    CPicture picture;
-    for (const SSceneLines& lines : layer.lines) {
-        for (std::size_t i = 0; i + 1 < lines.ends.size(); i += 2)
-            Paint(picture, area, lines.pen, lines.ends[i], lines.ends[i + 1]);
-    }
-    for (const SScenePolyline& line : layer.polylines) {
-        for (std::size_t i = 1; i < line.points.size(); ++i)
-            Paint(picture, area, line.pen, line.points[i], line.points[i - 1]);
-    }
-    return picture;
-}
 
 /// What the files' lines leave when they are painted one after the other, points in their order.
 CPicture PaintedOneByOne(std::span<const SMapTrack> tracks, const CMapTransform& transform)
