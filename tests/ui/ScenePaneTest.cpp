@@ -1,5 +1,6 @@
 #include "ui/scene/ScenePane.h"
 
+#include "present/graph/ResultSpeedGraphView.h"
 #include "present/map/MapView.h"
 #include "support/Random.h"
 #include "support/ScriptedDesktop.h"
@@ -35,6 +36,15 @@ struct SSceneWindow : SWindowWith<CScriptedDesktop>
         throw std::runtime_error("no such pane");
     }
     CMapView& Map() { return dynamic_cast<CMapView&>(Pane("Map").View()); }
+    CResultSpeedGraphView& Graph()
+    {
+        return dynamic_cast<CResultSpeedGraphView&>(Pane("Speed graph").View());
+    }
+    QPoint OnGraph(int nPoint)
+    {
+        const SScenePoint pixel = Graph().Transform().WorldToDevice({nPoint + 0.5, 5.0});
+        return {static_cast<int>(pixel.dX), static_cast<int>(pixel.dY)};
+    }
     CViewSelection& Selection() { return pFrame->Application().m_document.m_selection; }
     QPoint OnMap(int nPoint)
     {
@@ -127,6 +137,49 @@ TEST(ScenePane, APickedResultIsMarkedInEveryPane)
                       results.visualRect(results.model()->index(nRow, 0)).center());
     EXPECT_GE(window.Selection().m_nRunStart, 0);
     EXPECT_GT(CountOf(map.viewport()->grab().toImage(), run), 20);
+    CScenePane& graph = window.Pane("Speed graph");
+    EXPECT_GT(CountOf(graph.viewport()->grab().toImage(), QColor(255, 180, 255)), 200);
+}
+
+TEST(ScenePane, AClickInTheGraphMovesTheFocusEverywhere)
+{
+    SSceneWindow window;
+    CScenePane& graph = window.Pane("Speed graph");
+    const QImage mapBefore = window.Pane("Map").viewport()->grab().toImage();
+    QTest::mouseClick(graph.viewport(), Qt::LeftButton, {}, window.OnGraph(30));
+    EXPECT_TRUE(graph.hasFocus());
+    EXPECT_EQ(window.Selection().m_dFocusPoint, 30.0);
+    EXPECT_EQ(window.Grid("Track points").SelectedRows(), std::vector{30});
+    EXPECT_NE(window.Pane("Map").viewport()->grab().toImage(), mapBefore) << "the cross";
+    const QColor focus(50, 50, 200);
+    EXPECT_GE(CountOf(graph.viewport()->grab().toImage(), focus), 20) << "a line through the graph";
+    QTest::keyClick(&graph, Qt::Key_Left);
+    EXPECT_EQ(window.Grid("Track points").SelectedRows(), std::vector{29});
+    QTest::mouseMove(graph.viewport(), window.OnGraph(50));
+    EXPECT_EQ(window.Status(3).substr(0, 3), "52.") << "of the point under the pointer";
+
+    const QScrollBar& bar = *graph.horizontalScrollBar();
+    SSceneWindow::Wheel(graph, window.OnGraph(29), -480);
+    QApplication::processEvents();
+    EXPECT_TRUE(bar.isVisible());
+    EXPECT_FALSE(graph.verticalScrollBar()->isVisible());
+    EXPECT_EQ(bar.value(), window.Graph().ScrollBar(EScrollBar::Horizontal).nPosition);
+    // The focus moves elsewhere: the graph follows.
+    window.Grid("Track points").setCurrentIndex(window.Grid("Track points").model()->index(110, 0));
+    QApplication::processEvents();
+    EXPECT_TRUE(window.Graph().Transform().VisibleWorld().Contains({110.0, 1.0}));
+    SSceneWindow::Choose(graph, graph.viewport()->rect().center(), "Zoom All");
+    QApplication::processEvents();
+    EXPECT_FALSE(bar.isVisible());
+
+    window.desktop.Dialog<SWayPointDialog>([](SWayPointDialog& /*dialog*/) { return true; });
+    SSceneWindow::Choose(graph, window.OnGraph(5), "Add Waypoint...");
+    const CEvent& event = window.pFrame->Application().m_document.m_event;
+    ASSERT_EQ(event.m_waypoints.GetCount(), 1);
+    EXPECT_EQ(event.m_waypoints[0].m_position, window.Selection().GetSeriesPoints(0)[110].m_position)
+        << "at the focus point, not where the menu was opened";
+    QTest::keyClick(&graph, Qt::Key_Delete);
+    EXPECT_EQ(window.Selection().GetSeriesPoints(0).GetCount(), 119);
 }
 
 TEST(ScenePane, TheMapZoomsScrollsAndIsDragged)
@@ -261,6 +314,44 @@ TEST(ScenePane, TheReducedMapLooksLikeTheWholeOne)
         const QImage picture = Drawn(whole, size);
         EXPECT_GT(CountOf(picture, Qt::red), 10);
         EXPECT_EQ(Drawn(reduced, size), picture) << "zoomed " << nZoom << " times";
+    }
+}
+
+TEST(ScenePane, TheReducedGraphLooksLikeTheWholeOne)
+{
+    SSceneWindow window;
+    CEvent& event = window.pFrame->Application().m_document.m_event;
+    CSeries& series = event.m_persons[0].m_series[0];
+    CRandom random(6);
+    for (int i = 0; i < 30000; ++i) {
+        CTrackPoint& point = series.m_points.Add(MakePoint(200 + i, 52.0, 5.0));
+        point.m_dUSOG = 40.0 + 20.0 * std::sin(i / 700.0) + 10.0 * random.Fraction();
+        point.m_nInvalidFlags = i % 500 < 20 ? InvalidFlag::Hdop : std::uint8_t{0};
+        point.m_dDeltaTime = i % 4000 == 0 ? 1.0 : DaysPerSecond;
+    }
+    CViewSelection& selection = window.Selection();
+    selection.m_dViewMaxSpeed = 50.0;
+    CGridFields fields = DefaultFields(GraphFieldTable);
+    for (const EGraphField field : {EGraphField::Speed, EGraphField::UnfilteredDoppler})
+        fields[static_cast<std::size_t>(field)].m_bDisplay = true;
+    const std::vector<SGraphTrack> tracks = MakeGraphTracks(event, selection, fields);
+    const QSize size(500, 200);
+    const CFontTextSize text{QFont()};
+    const SGraphLayout layout = LayoutGraph({0, 0, size.width(), size.height()}, text, selection, fields);
+    CMapTransform transform(false);
+    transform.SetMapping(layout.plot, {0.0, layout.dTop, 30119.0, 0.0});
+    transform.m_dZoomStep = 3.0;
+    for (const int nZoom : {0, 1, 5}) {
+        CMapTransform zoomed = transform;
+        for (int i = 0; i < nZoom; ++i)
+            zoomed.ZoomIn();
+        const SSceneSurface surface = {zoomed, text};
+        const SSceneLayer whole = GraphCurveLayer({surface, layout, false}, tracks, false);
+        const SSceneLayer reduced = GraphCurveLayer({surface, layout, true}, tracks, false);
+        const QImage picture = Drawn(whole, size);
+        EXPECT_GT(CountOf(picture, QColor(150, 50, 150)), 300);
+        EXPECT_EQ(Drawn(reduced, size), picture) << "zoomed " << nZoom << " times";
+        EXPECT_LE(PrimitiveCount(reduced) * (nZoom < 5 ? 5 : 1), PrimitiveCount(whole));
     }
 }
 

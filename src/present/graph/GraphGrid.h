@@ -9,7 +9,8 @@ namespace kestrabel {
 /// The lines of the speed axis with the labels of all scales.
 void AddSpeedGrid(const SSceneSurface& surface, const SGraphLayout& layout, SSceneLayer& layer);
 
-/// A tick and the time of day where a minute begins, as far apart as the texts allow. `bZoom`: the corner of
+/// A tick and the time of day at the first point of another minute than the last one's for whose text there
+/// is room. `bZoom`: the corner of
 /// the zoom text is left free. False when there is none.
 bool AddTimeTicks(const SSceneSurface& surface, const SGraphLayout& layout,
                   const CObjectArray<CTrackPoint>& points, double dTimezone, bool bZoom, SSceneLayer& layer);
