@@ -4,7 +4,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 source scripts/build-packages.sh
-bash scripts/packages.sh "${build_packages[@]}" "${window_packages[@]}" fonts-dejavu-core libgtest-dev libgmock-dev locales
+bash scripts/packages.sh "${build_packages[@]}" "${window_packages[@]}" \
+  fonts-dejavu-core libgtest-dev libgmock-dev locales desktop-file-utils
 
 export QT_QPA_PLATFORM=offscreen # the window is tested without a display
 export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1 UBSAN_OPTIONS=print_stacktrace=1
