@@ -98,6 +98,16 @@ TEST(MainFrame, AHeaderSortsOneWayThenTheOther)
     EXPECT_EQ(SWindow::Cell(points, 0, 0), "30");
 }
 
+TEST(MainFrame, ALongNameDoesNotPushTheResultsOutOfSight)
+{
+    SWindow window;
+    window.Import(std::string(240, 'w') + ".nmea", 30);
+    const CGridView& results = window.Grid("Results");
+    ASSERT_GE(results.model()->rowCount(), 1);
+    EXPECT_EQ(SWindow::Cell(results, 0, 1).size(), 240);
+    EXPECT_EQ(results.columnWidth(1), 250);
+}
+
 TEST(MainFrame, MenusToolbarAndKeysLeadToTheCommands)
 {
     SWindow window;
