@@ -262,6 +262,7 @@ TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
             return true;
         });
     };
+    selection.SelectSeries(0, false, true);
     rename("taken");
     desktop.Message("Failed to change the name of the file");
     EXPECT_TRUE(EditSeriesProperties(document, 0));
@@ -271,6 +272,7 @@ TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
     EXPECT_TRUE(EditSeriesProperties(document, 0));
     EXPECT_TRUE(fs::exists(folder.Path("Zoë's run.nmea")));
     EXPECT_EQ(Series(0).m_strName, "Zoë's run");
+    EXPECT_EQ(selection.m_strCaption, "Zoë's run");
 
     // A track file without points imports nothing, and replaces nothing.
     folder.Write("Zoë's run.nmea", "");
