@@ -231,6 +231,22 @@ TEST_F(WrongTurns, SaveNeverWritesOneFileOverAnother)
     EXPECT_FALSE(document.OnFileSave());
 }
 
+TEST_F(WrongTurns, AProjectThatHasNoFileIsAskedForOne)
+{
+    CApplication next({desktop, NoProgress(), settings, processes, folder.Path("")});
+    ASSERT_TRUE(next.InitInstance(std::vector{folder.Path("one.nmea")}));
+    next.m_document.SetModifiedFlag();
+    desktop.Question("The project has changed. Do you wish to save it?", "Yes");
+    desktop.Files("Kestrabel Settings", {});
+    EXPECT_FALSE(next.m_document.CanCloseFrame()) << "cancelled";
+    desktop.Question("The project has changed. Do you wish to save it?", "Yes");
+    desktop.Files("Kestrabel Settings", {folder.Path("Mine.gpx")});
+    EXPECT_TRUE(next.m_document.CanCloseFrame());
+    EXPECT_EQ(next.m_document.m_strProjectPath, folder.Path("Mine.gpx.rsp")) << "the project, not the track";
+    EXPECT_TRUE(fs::exists(folder.Path("Mine.gpx.rsp")));
+    EXPECT_FALSE(next.m_document.IsModified());
+}
+
 TEST_F(WrongTurns, ExportOfADivisionThatIsGoneIsOneOfTheTrackFile)
 {
     const int nLast = event.m_divisions.GetCount() - 1;

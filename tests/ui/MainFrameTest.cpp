@@ -13,6 +13,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <gmock/gmock.h>
+
 namespace kestrabel::test {
 namespace {
 
@@ -135,6 +137,36 @@ TEST(MainFrame, MenusToolbarAndKeysLeadToTheCommands)
     emit pView->aboutToShow();
     EXPECT_TRUE(item("&Divisions")->isChecked());
     EXPECT_FALSE(item("&Toolbar")->isChecked());
+}
+
+TEST(MainFrame, TitleAndTreeTellAtOnceWhatWasSaved)
+{
+    SWindow window;
+    CKestroDoc& document = window.pFrame->Application().m_document;
+    CCommandRouter& router = window.pFrame->Router();
+    const auto title = [&] { return FromQt(window.pFrame->windowTitle()); };
+    document.SetModifiedFlag();
+    window.desktop.Files("Kestrabel files", {window.folder.Path("Cup.rsp")});
+    router.CarryOut(ECommand::SaveAs);
+    EXPECT_THAT(title(), testing::HasSubstr("Cup"));
+    EXPECT_FALSE(window.pFrame->isWindowModified());
+
+    window.Import("anna.nmea", 30);
+    router.CarryOut(ECommand::ShowTree);
+    window.ClickNode("Track Files");
+    window.desktop.Files("Kestrabel files", {window.folder.Path("Berta.gpx")});
+    router.CarryOut(ECommand::SaveAs);
+    EXPECT_THAT(title(), testing::StartsWith("Berta[*]"));
+    window.ClickNode("Berta");
+
+    document.m_selection.SetFocusPoint(0, 3.0);
+    router.CarryOut(ECommand::DeleteTrackPoints);
+    window.ClickNode("Berta*");
+    // Saved on the way to another project, which is then not opened.
+    window.desktop.Question("Berta.gpx has changed", "Yes").Question("The project", "No");
+    window.desktop.Files("Kestrabel files", {});
+    router.CarryOut(ECommand::Open);
+    window.ClickNode("Berta");
 }
 
 TEST(MainFrame, EveryWidgetThatTakesTheFocusHasAName)
