@@ -1,12 +1,15 @@
 #include "ui/print/GridPrintJob.h"
 
+#include "platform/FileSettings.h"
 #include "support/ScriptedDesktop.h"
+#include "ui/DialogDriver.h"
 #include "ui/print/TreePrintJob.h"
 #include "ui/TestWindow.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
+#include <QPrintPreviewWidget>
 
 #include <gmock/gmock.h>
 
@@ -104,14 +107,40 @@ TEST(Print, TreeStandsInItsOrder)
         << "its children stand further in";
 }
 
+struct SThreePages : CPrintJob
+{
+    int Paginate(QPainter&, const QRectF&) override { return 3; }
+    void DrawPage(QPainter&, const QRectF&, int nPage) override { pages.push_back(nPage); }
+    std::vector<int> pages;
+};
+
+TEST(Print, ThePreviewShowsAsManyPagesAsLastTime)
+{
+    using enum QPrintPreviewWidget::ViewMode;
+    CMemorySettings settings;
+    SThreePages job;
+    for (const auto& [before, after, strStored] : {std::tuple{SinglePageView, FacingPagesView, "2"},
+                                                   {FacingPagesView, AllPagesView, "3"},
+                                                   {AllPagesView, SinglePageView, "1"},
+                                                   {SinglePageView, SinglePageView, "1"}})
+    {
+        const auto open = [&] {
+            QPrinter printer;
+            ShowPrintPreview(nullptr, printer, job, settings);
+            return settings.Read("Settings", "PreviewPages");
+        };
+        const auto turn = [&, now = before, next = after](QDialog& dialog) {
+            auto* pPages = dialog.findChild<QPrintPreviewWidget*>();
+            EXPECT_EQ(pPages->viewMode(), now);
+            pPages->setViewMode(next);
+            dialog.reject();
+        };
+        EXPECT_EQ(Drive(open, turn), strStored);
+    }
+}
+
 TEST(Print, PagesAreWrittenOneByOne)
 {
-    struct SThreePages : CPrintJob
-    {
-        int Paginate(QPainter&, const QRectF&) override { return 3; }
-        void DrawPage(QPainter&, const QRectF&, int nPage) override { pages.push_back(nPage); }
-        std::vector<int> pages;
-    };
     CTemporaryFolder folder;
     for (const auto& [nFrom, nTo, expected] :
          {std::tuple{0, 0, std::vector{0, 1, 2}}, {2, 3, std::vector{1, 2}}, {3, 9, std::vector{2}}})
