@@ -88,6 +88,32 @@ TEST(Print, GridFillsPagesFromHeadingToPageNumber)
     EXPECT_GT(InkedRows(last).second, last.height() - nMargin - Dpi / 4);
 }
 
+TEST(Print, OneLongNameDoesNotShrinkTheTable)
+{
+    const auto inkedLines = [](int nLength) {
+        SWindowWith<CScriptedDesktop> window;
+        const std::string strName = std::string(static_cast<std::size_t>(nLength), 'w') + ".nmea";
+        window.desktop.Files("*.*", {window.folder.Write(strName, Sentences(60))});
+        window.pFrame->Router().CarryOut(ECommand::ImportTrackFiles);
+        CKestroDoc& document = window.pFrame->Application().m_document;
+        CResultGrid grid(document.m_event, document.m_hub, document.m_selection, *window.pSettings);
+        EXPECT_GE(grid.RowCount(), 3);
+        CGridPrintJob job(grid, "", "");
+        QImage page = BlankPage();
+        QPainter painter(&page);
+        job.Paginate(painter, page.rect());
+        job.DrawPage(painter, page.rect(), 0);
+        painter.end();
+        int nLines = 0;
+        for (int y = 0; y < page.height(); ++y) {
+            const QImage line = page.copy(0, y, page.width(), 1);
+            nLines += InkedRows(line).second >= 0 ? 1 : 0;
+        }
+        return nLines;
+    };
+    EXPECT_GT(inkedLines(240), inkedLines(20) * 3 / 4);
+}
+
 TEST(Print, TreeStandsInItsOrder)
 {
     std::vector<STreeRow> rows = {{DivisionsRoot, "Divisions", 2, 0, true, true}};
