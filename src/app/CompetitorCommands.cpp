@@ -69,9 +69,6 @@ bool EditCompetitor(CKestroDoc& document, int nPerson)
         return false;
     recorder.MarkDocument();
     recorder.Finish();
-    if (selection.m_nNodeKind == NodeKind::TrackFiles && selection.GetCurrentSeries() == nullptr &&
-        selection.GetCurrentPerson() == &person)
-        selection.m_strCaption = person.m_strName;
     selection.RefreshResults(false);
     recorder.Keep();
     return true;

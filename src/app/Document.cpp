@@ -89,10 +89,7 @@ bool CKestroDoc::OnFileSave()
         strPath = FindFile(pSeries->m_strFileName);
     if (strPath.empty())
         return OnFileSaveAs();
-    if (!OnSaveDocument(strPath))
-        return false;
-    SetPathName(strPath, false);
-    return true;
+    return SaveUnder(strPath, false);
 }
 
 bool CKestroDoc::OnFileSaveAs()
@@ -104,9 +101,32 @@ bool CKestroDoc::OnFileSaveAs()
         .strDefaultExtension = "gpx",
     };
     const std::string strPath = m_surroundings.desktop.ChooseFileToSave(choice);
-    if (strPath.empty() || !OnSaveDocument(strPath))
+    return !strPath.empty() && SaveUnder(strPath, true);
+}
+
+/// A project that has no file yet.
+bool CKestroDoc::SaveFirstProject()
+{
+    std::string strPath = m_surroundings.desktop.ChooseFileToSave({
+        .strTitle = "",
+        .strInitialPath = "*.rsp",
+        .strFilter = std::string(ProjectFilter),
+        .strDefaultExtension = "rsp",
+    });
+    if (strPath.empty())
         return false;
-    SetPathName(strPath);
+    if (!IsProjectPath(strPath))
+        strPath += ".rsp"; // any other name would save the track file
+    return SaveUnder(strPath, true);
+}
+
+/// What was saved has another name and no "*" any more, in the title and in the tree.
+bool CKestroDoc::SaveUnder(const std::string& strPath, bool bAddToRecentFiles)
+{
+    if (!OnSaveDocument(strPath))
+        return false;
+    SetPathName(strPath, bAddToRecentFiles);
+    ShowNewTree();
     return true;
 }
 
@@ -121,11 +141,13 @@ bool CKestroDoc::CanCloseFrame()
     }
     if (!m_bModified)
         return true;
+    const bool bNamed = !m_strProjectPath.empty(); // not before a project was opened: the start was a track
     std::string strPath = m_strProjectPath;
-    if (FolderOf(strPath).empty())
+    if (bNamed && FolderOf(strPath).empty())
         strPath = m_surroundings.strProgramFolder + strPath;
-    switch (desktop.AskYesNoCancel("The project " + strPath + " has changed. Do you wish to save it?")) {
-    case CUserPrompt::EAnswer::Yes: return OnSaveDocument(strPath);
+    const std::string strName = bNamed ? strPath + ' ' : std::string();
+    switch (desktop.AskYesNoCancel("The project " + strName + "has changed. Do you wish to save it?")) {
+    case CUserPrompt::EAnswer::Yes: return bNamed ? SaveUnder(strPath, false) : SaveFirstProject();
     case CUserPrompt::EAnswer::No: return true;
     case CUserPrompt::EAnswer::Cancel: break;
     }

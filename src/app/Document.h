@@ -70,6 +70,8 @@ public:
 private:
     bool OpenProject(std::string_view strPath);
     bool OpenTrackFiles(std::vector<std::string> paths);
+    bool SaveFirstProject();
+    bool SaveUnder(const std::string& strPath, bool bAddToRecentFiles);
     bool SaveProject(std::string_view strPath);
     bool SaveCurrentTrackFile(std::string_view strPath);
 

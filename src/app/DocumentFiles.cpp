@@ -143,7 +143,6 @@ bool CKestroDoc::SaveCurrentTrackFile(std::string_view strPath)
     m_history.NoteSaved(nullptr);
     m_selection.ForgetResults(); // they carry the file's name
     RecalculateTrackPoints(m_event, *m_selection.GetCurrentPerson(), *pSeries, m_surroundings.progress);
-    ShowNewTree();
     m_selection.RefreshResults(false);
     return true;
 }

@@ -18,6 +18,8 @@ inline constexpr std::string_view SaveFilter =
     "Kestrabel files (*.gpx,*.trk,*.rsp)|*.gpx,*.trk;*.rsp|Sirf binary files (*.sbp)|*.sbp|"
     "GPX files (*.gpx)|*.gpx|PCX5 files (*.trk)|*.trk|Kestrabel Settings (*.rsp)|*.rsp|All Files (*.*)|*.*||";
 
+inline constexpr std::string_view ProjectFilter = "Kestrabel Settings (*.rsp)|*.rsp||";
+
 inline constexpr std::string_view PointExportFilter =
     "GPX files (*.gpx)|*.gpx|Sirf binary files (*.sbp)|*.sbp|Garmin PCX files (*.trk)|*.trk|"
     "Excel files (*.csv)|*.csv|All Files (*.*)|*.*||";

@@ -31,7 +31,11 @@ bool AskToSaveTrackFile(CKestroDoc& document, CSeries& series)
     const std::string strQuestion =
         "The file " + series.m_strFileName + " has changed.Do you wish to save it?";
     switch (document.m_surroundings.desktop.AskYesNoCancel(strQuestion)) {
-    case CUserPrompt::EAnswer::Yes: return SaveSeries(document, series);
+    case CUserPrompt::EAnswer::Yes:
+        if (!SaveSeries(document, series))
+            return false;
+        document.ShowNewTree(); // nothing may be closed after all, and the file has no "*" any more
+        return true;
     case CUserPrompt::EAnswer::No: return true;
     case CUserPrompt::EAnswer::Cancel: break;
     }

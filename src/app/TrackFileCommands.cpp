@@ -252,7 +252,8 @@ bool EditSeriesProperties(CKestroDoc& document, int nSeries)
     const std::string strOldName = series.m_strName;
     if (!dialog.ApplyTo(series))
         return true;
-    if (series.m_strName != strOldName) {
+    // What is in no file yet only takes the name.
+    if (series.m_strName != strOldName && !series.m_strFileName.empty()) {
         const std::string strPath =
             FolderOf(series.m_strFileName) + series.m_strName + FileExtension(series.m_strFileName);
         std::error_code error;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/NumberInput.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -32,7 +34,8 @@ struct SNumberField
     void SetConverted(double dValue);
     /// What is entered; 0 when it is no number.
     double Value() const;
-    std::int32_t Whole() const { return static_cast<std::int32_t>(Value()); }
+    /// The same without its fraction; what is beyond an integer, in a field that was disabled since, is cut.
+    std::int32_t Whole() const { return TruncateToInt(Value()); }
     /// What is wrong with the text, as a sentence that names the field and its range; empty: nothing.
     std::string Complaint() const;
 };

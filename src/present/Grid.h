@@ -45,6 +45,8 @@ public:
     int ColumnCount() const { return static_cast<int>(m_shown.size()); }
     const CGridField& Column(int nColumn) const { return m_fields[FieldOf(nColumn)]; }
     std::int32_t ColumnWidth(int nColumn) const;
+    /// Pixels that no column is wider than when it is built.
+    std::int32_t WidestColumn() const { return m_nWidestColumn; }
     /// The user has not made the column wider or narrower than its table has it.
     bool HasDefaultWidth(int nColumn) const;
     void SetColumnWidth(int nColumn, std::int32_t nWidth) { m_fields[FieldOf(nColumn)].m_nWidth = nWidth; }

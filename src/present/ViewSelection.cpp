@@ -168,8 +168,11 @@ void CViewSelection::MeasureExtremes(const CSeries* pOnly)
         ForEachShownFile(fold);
 }
 
+/// There is a competitor. The caption is said anew as well: saving and renaming give files other names.
 void CViewSelection::CollectResults()
 {
+    const CSeries* pSeries = GetCurrentSeries();
+    m_strCaption = pSeries != nullptr ? pSeries->m_strName : GetCurrentPerson()->m_strName;
     m_Results = CResultList();
     AllResults(m_event, m_nCompetitor, m_nSeries, m_Results, m_progress);
 }
@@ -197,8 +200,6 @@ void CViewSelection::SelectSeries(int nSeries, bool bRecalculate, bool bPointsHi
         m_nSeries = nFiles == 1 ? 0 : -1;
     if (bRecalculate)
         ForgetShownResults();
-    const CSeries* pSeries = GetCurrentSeries();
-    m_strCaption = pSeries != nullptr ? pSeries->m_strName : pPerson->m_strName;
     MeasureExtremes(nullptr);
     CollectResults();
     const EUpdateHint hint = bPointsHint ? HINT_POINTS_CHANGED : HINT_RESULTS_CHANGED;

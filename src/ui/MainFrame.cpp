@@ -225,7 +225,7 @@ void CMainFrame::PlugWindowCommands()
         kestrabel::Print(this, *m_pPrinter, *PrintJobOf(place.pane));
     });
     m_pRouter->Plug(ECommand::PrintPreview, [this](const SCommandPlace& place) {
-        ShowPrintPreview(this, *m_pPrinter, *PrintJobOf(place.pane));
+        ShowPrintPreview(this, *m_pPrinter, *PrintJobOf(place.pane), m_settings);
     });
     m_pRouter->Plug(ECommand::PrintSetup, [this](const SCommandPlace&) { SetUpPrinter(this, *m_pPrinter); });
 }

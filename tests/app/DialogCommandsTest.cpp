@@ -251,5 +251,18 @@ TEST(TrackFileProperties, ANewNameGoesToTheFileButNeverOverAnother)
     EXPECT_EQ(std::filesystem::file_size(world.folder.Path("taken.nmea")), 9U);
 }
 
+TEST(TrackFileProperties, ANameIsNoPathOfWhatHasNoFile)
+{
+    SAppWorld world;
+    ASSERT_TRUE(world.document.OnNewDocument());
+    world.desktop.Dialog<STrackFilePropertiesDialog>([](STrackFilePropertiesDialog& dialog) {
+        dialog.strName = "morning";
+        return !dialog.Validate();
+    });
+    EXPECT_TRUE(EditSeriesProperties(world.document, 0));
+    EXPECT_EQ(world.Series(0).m_strName, "morning");
+    EXPECT_EQ(world.Series(0).m_strFileName, "") << "Save would not ask where";
+}
+
 } // namespace
 } // namespace kestrabel::test

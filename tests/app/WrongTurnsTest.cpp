@@ -231,6 +231,22 @@ TEST_F(WrongTurns, SaveNeverWritesOneFileOverAnother)
     EXPECT_FALSE(document.OnFileSave());
 }
 
+TEST_F(WrongTurns, AProjectThatHasNoFileIsAskedForOne)
+{
+    CApplication next({desktop, NoProgress(), settings, processes, folder.Path("")});
+    ASSERT_TRUE(next.InitInstance(std::vector{folder.Path("one.nmea")}));
+    next.m_document.SetModifiedFlag();
+    desktop.Question("The project has changed. Do you wish to save it?", "Yes");
+    desktop.Files("Kestrabel Settings", {});
+    EXPECT_FALSE(next.m_document.CanCloseFrame()) << "cancelled";
+    desktop.Question("The project has changed. Do you wish to save it?", "Yes");
+    desktop.Files("Kestrabel Settings", {folder.Path("Mine.gpx")});
+    EXPECT_TRUE(next.m_document.CanCloseFrame());
+    EXPECT_EQ(next.m_document.m_strProjectPath, folder.Path("Mine.gpx.rsp")) << "the project, not the track";
+    EXPECT_TRUE(fs::exists(folder.Path("Mine.gpx.rsp")));
+    EXPECT_FALSE(next.m_document.IsModified());
+}
+
 TEST_F(WrongTurns, ExportOfADivisionThatIsGoneIsOneOfTheTrackFile)
 {
     const int nLast = event.m_divisions.GetCount() - 1;
@@ -262,6 +278,7 @@ TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
             return true;
         });
     };
+    selection.SelectSeries(0, false, true);
     rename("taken");
     desktop.Message("Failed to change the name of the file");
     EXPECT_TRUE(EditSeriesProperties(document, 0));
@@ -271,6 +288,7 @@ TEST_F(WrongTurns, FilesThatGoOrChangeUnderneathLoseNothing)
     EXPECT_TRUE(EditSeriesProperties(document, 0));
     EXPECT_TRUE(fs::exists(folder.Path("Zoë's run.nmea")));
     EXPECT_EQ(Series(0).m_strName, "Zoë's run");
+    EXPECT_EQ(selection.m_strCaption, "Zoë's run");
 
     // A track file without points imports nothing, and replaces nothing.
     folder.Write("Zoë's run.nmea", "");

@@ -7,6 +7,7 @@
 #include "support/Track.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace kestrabel {
 namespace {
@@ -55,6 +56,20 @@ TEST(EditDivisionDialog, NoProximityBecomesAMillimetre)
     EXPECT_FALSE(dialog.bAddToAllCompetitors);
     dialog.ApplyTo(division);
     EXPECT_DOUBLE_EQ(division.m_dProximity, 0.000001);
+}
+
+TEST(EditDivisionDialog, AnEntryThatAnotherKindPutOutOfReachIsNotJudged)
+{
+    CDivision division;
+    SEditDivisionDialog dialog = SEditDivisionDialog::From(CEvent(), division);
+    dialog.strName = "500 m";
+    dialog.SetKind(DivisionKind::Time);
+    dialog.seconds.strText = "99999999999";
+    EXPECT_TRUE(dialog.Validate());
+    dialog.SetKind(DivisionKind::Distance);
+    EXPECT_FALSE(dialog.Validate());
+    dialog.ApplyTo(division);
+    EXPECT_EQ(division.m_nSeconds, std::numeric_limits<std::int32_t>::max()) << "as near as a number gets";
 }
 
 TEST(WayPointDialog, LongitudesUpTo360)

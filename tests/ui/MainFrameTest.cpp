@@ -13,6 +13,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 
+#include <gmock/gmock.h>
+
 namespace kestrabel::test {
 namespace {
 
@@ -98,6 +100,16 @@ TEST(MainFrame, AHeaderSortsOneWayThenTheOther)
     EXPECT_EQ(SWindow::Cell(points, 0, 0), "30");
 }
 
+TEST(MainFrame, ALongNameDoesNotPushTheResultsOutOfSight)
+{
+    SWindow window;
+    window.Import(std::string(240, 'w') + ".nmea", 30);
+    const CGridView& results = window.Grid("Results");
+    ASSERT_GE(results.model()->rowCount(), 1);
+    EXPECT_EQ(SWindow::Cell(results, 0, 1).size(), 240);
+    EXPECT_EQ(results.columnWidth(1), 250);
+}
+
 TEST(MainFrame, MenusToolbarAndKeysLeadToTheCommands)
 {
     SWindow window;
@@ -125,6 +137,36 @@ TEST(MainFrame, MenusToolbarAndKeysLeadToTheCommands)
     emit pView->aboutToShow();
     EXPECT_TRUE(item("&Divisions")->isChecked());
     EXPECT_FALSE(item("&Toolbar")->isChecked());
+}
+
+TEST(MainFrame, TitleAndTreeTellAtOnceWhatWasSaved)
+{
+    SWindow window;
+    CKestroDoc& document = window.pFrame->Application().m_document;
+    CCommandRouter& router = window.pFrame->Router();
+    const auto title = [&] { return FromQt(window.pFrame->windowTitle()); };
+    document.SetModifiedFlag();
+    window.desktop.Files("Kestrabel files", {window.folder.Path("Cup.rsp")});
+    router.CarryOut(ECommand::SaveAs);
+    EXPECT_THAT(title(), testing::HasSubstr("Cup"));
+    EXPECT_FALSE(window.pFrame->isWindowModified());
+
+    window.Import("anna.nmea", 30);
+    router.CarryOut(ECommand::ShowTree);
+    window.ClickNode("Track Files");
+    window.desktop.Files("Kestrabel files", {window.folder.Path("Berta.gpx")});
+    router.CarryOut(ECommand::SaveAs);
+    EXPECT_THAT(title(), testing::StartsWith("Berta[*]"));
+    window.ClickNode("Berta");
+
+    document.m_selection.SetFocusPoint(0, 3.0);
+    router.CarryOut(ECommand::DeleteTrackPoints);
+    window.ClickNode("Berta*");
+    // Saved on the way to another project, which is then not opened.
+    window.desktop.Question("Berta.gpx has changed", "Yes").Question("The project", "No");
+    window.desktop.Files("Kestrabel files", {});
+    router.CarryOut(ECommand::Open);
+    window.ClickNode("Berta");
 }
 
 TEST(MainFrame, EveryWidgetThatTakesTheFocusHasAName)

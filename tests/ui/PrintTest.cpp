@@ -1,12 +1,15 @@
 #include "ui/print/GridPrintJob.h"
 
+#include "platform/FileSettings.h"
 #include "support/ScriptedDesktop.h"
+#include "ui/DialogDriver.h"
 #include "ui/print/TreePrintJob.h"
 #include "ui/TestWindow.h"
 
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
+#include <QPrintPreviewWidget>
 
 #include <gmock/gmock.h>
 
@@ -85,6 +88,32 @@ TEST(Print, GridFillsPagesFromHeadingToPageNumber)
     EXPECT_GT(InkedRows(last).second, last.height() - nMargin - Dpi / 4);
 }
 
+TEST(Print, OneLongNameDoesNotShrinkTheTable)
+{
+    const auto inkedLines = [](int nLength) {
+        SWindowWith<CScriptedDesktop> window;
+        const std::string strName = std::string(static_cast<std::size_t>(nLength), 'w') + ".nmea";
+        window.desktop.Files("*.*", {window.folder.Write(strName, Sentences(60))});
+        window.pFrame->Router().CarryOut(ECommand::ImportTrackFiles);
+        CKestroDoc& document = window.pFrame->Application().m_document;
+        CResultGrid grid(document.m_event, document.m_hub, document.m_selection, *window.pSettings);
+        EXPECT_GE(grid.RowCount(), 3);
+        CGridPrintJob job(grid, "", "");
+        QImage page = BlankPage();
+        QPainter painter(&page);
+        job.Paginate(painter, page.rect());
+        job.DrawPage(painter, page.rect(), 0);
+        painter.end();
+        int nLines = 0;
+        for (int y = 0; y < page.height(); ++y) {
+            const QImage line = page.copy(0, y, page.width(), 1);
+            nLines += InkedRows(line).second >= 0 ? 1 : 0;
+        }
+        return nLines;
+    };
+    EXPECT_GT(inkedLines(240), inkedLines(20) * 3 / 4);
+}
+
 TEST(Print, TreeStandsInItsOrder)
 {
     std::vector<STreeRow> rows = {{DivisionsRoot, "Divisions", 2, 0, true, true}};
@@ -104,14 +133,40 @@ TEST(Print, TreeStandsInItsOrder)
         << "its children stand further in";
 }
 
+struct SThreePages : CPrintJob
+{
+    int Paginate(QPainter&, const QRectF&) override { return 3; }
+    void DrawPage(QPainter&, const QRectF&, int nPage) override { pages.push_back(nPage); }
+    std::vector<int> pages;
+};
+
+TEST(Print, ThePreviewShowsAsManyPagesAsLastTime)
+{
+    using enum QPrintPreviewWidget::ViewMode;
+    CMemorySettings settings;
+    SThreePages job;
+    for (const auto& [before, after, strStored] : {std::tuple{SinglePageView, FacingPagesView, "2"},
+                                                   {FacingPagesView, AllPagesView, "3"},
+                                                   {AllPagesView, SinglePageView, "1"},
+                                                   {SinglePageView, SinglePageView, "1"}})
+    {
+        const auto open = [&] {
+            QPrinter printer;
+            ShowPrintPreview(nullptr, printer, job, settings);
+            return settings.Read("Settings", "PreviewPages");
+        };
+        const auto turn = [&, now = before, next = after](QDialog& dialog) {
+            auto* pPages = dialog.findChild<QPrintPreviewWidget*>();
+            EXPECT_EQ(pPages->viewMode(), now);
+            pPages->setViewMode(next);
+            dialog.reject();
+        };
+        EXPECT_EQ(Drive(open, turn), strStored);
+    }
+}
+
 TEST(Print, PagesAreWrittenOneByOne)
 {
-    struct SThreePages : CPrintJob
-    {
-        int Paginate(QPainter&, const QRectF&) override { return 3; }
-        void DrawPage(QPainter&, const QRectF&, int nPage) override { pages.push_back(nPage); }
-        std::vector<int> pages;
-    };
     CTemporaryFolder folder;
     for (const auto& [nFrom, nTo, expected] :
          {std::tuple{0, 0, std::vector{0, 1, 2}}, {2, 3, std::vector{1, 2}}, {3, 9, std::vector{2}}})

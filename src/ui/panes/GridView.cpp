@@ -93,7 +93,7 @@ void CGridView::SizeColumns(bool bAll)
             for (int nRow = 0; nRow < nMeasured; ++nRow)
                 measure(m_grid.CellText(nRow, nColumn));
         }
-        setColumnWidth(nColumn, nWidth);
+        setColumnWidth(nColumn, std::min(nWidth, m_grid.WidestColumn()));
     }
 }
 

@@ -15,6 +15,8 @@ namespace {
 
 /// Rows that are measured for the width of the columns; the last ones have the longest numbers.
 constexpr int MeasuredRows = 50;
+/// Of the page's width; for one long name the whole table would become too small to read.
+constexpr double WidestColumn = 0.25;
 
 } // namespace
 
@@ -39,6 +41,7 @@ int CGridPrintJob::Paginate(QPainter& painter, const QRectF& page)
             measure(m_grid.CellText(nRow, nColumn));
         for (int nRow = std::max(MeasuredRows, nRows - MeasuredRows); nRow < nRows; ++nRow)
             measure(m_grid.CellText(nRow, nColumn));
+        dWidth = std::min(dWidth, page.width() * WidestColumn);
     }
     const double dAll = std::accumulate(m_widths.begin(), m_widths.end(), 0.0);
     m_dTextScale = dAll > page.width() ? page.width() / dAll : 1.0;

@@ -1,5 +1,8 @@
 #include "ui/print/PrintJob.h"
 
+#include "platform/NumberInput.h"
+#include "platform/SettingsStore.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -10,9 +13,11 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
 #include <QScreen>
 
 #include <algorithm>
+#include <string>
 
 namespace kestrabel {
 
@@ -44,13 +49,42 @@ void Print(QWidget* pParent, QPrinter& printer, CPrintJob& job)
     QApplication::restoreOverrideCursor();
 }
 
-void ShowPrintPreview(QWidget* pParent, QPrinter& printer, CPrintJob& job)
+namespace {
+
+constexpr std::string_view PreviewSection = "Settings";
+constexpr std::string_view PreviewEntry = "PreviewPages";
+
+void RestorePageCount(QPrintPreviewWidget& preview, const CSettingsStore& settings)
+{
+    const std::int32_t nPages = ReadInteger(settings.Read(PreviewSection, PreviewEntry));
+    if (nPages == 2)
+        preview.setFacingPagesViewMode();
+    else if (nPages > 2)
+        preview.setAllPagesViewMode();
+}
+
+void StorePageCount(const QPrintPreviewWidget& preview, CSettingsStore& settings)
+{
+    int nPages = 1;
+    if (preview.viewMode() == QPrintPreviewWidget::FacingPagesView)
+        nPages = 2;
+    else if (preview.viewMode() == QPrintPreviewWidget::AllPagesView)
+        nPages = std::max(3, preview.pageCount()); // fewer are all pages, too
+    settings.Write(PreviewSection, PreviewEntry, std::to_string(nPages));
+}
+
+} // namespace
+
+void ShowPrintPreview(QWidget* pParent, QPrinter& printer, CPrintJob& job, CSettingsStore& settings)
 {
     QPrintPreviewDialog dialog(&printer, pParent);
+    auto& preview = *dialog.findChild<QPrintPreviewWidget*>();
+    RestorePageCount(preview, settings);
     dialog.resize(dialog.screen()->availableSize() * 3 / 4);
     QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
                      [&job](QPrinter* pPrinter) { DrawPages(job, *pPrinter); });
     dialog.exec();
+    StorePageCount(preview, settings);
 }
 
 namespace {

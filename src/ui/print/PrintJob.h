@@ -8,6 +8,8 @@ class QWidget;
 
 namespace kestrabel {
 
+class CSettingsStore;
+
 /// What is printed: its pages for a paper. The same job draws the preview.
 class CPrintJob
 {
@@ -26,8 +28,9 @@ void DrawPages(CPrintJob& job, QPrinter& printer);
 
 /// Asks for printer and pages, and prints.
 void Print(QWidget* pParent, QPrinter& printer, CPrintJob& job);
-/// Shows the pages on the screen; they can be printed from there.
-void ShowPrintPreview(QWidget* pParent, QPrinter& printer, CPrintJob& job);
+/// Shows the pages on the screen, as many at a time as at the end of the last preview; they can be printed
+/// from there.
+void ShowPrintPreview(QWidget* pParent, QPrinter& printer, CPrintJob& job, CSettingsStore& settings);
 /// Asks for the paper.
 void SetUpPrinter(QWidget* pParent, QPrinter& printer);
 
