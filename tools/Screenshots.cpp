@@ -1,4 +1,4 @@
-// Draws the window on the sample event, and every dialog, into pictures for the documents:
+// Draws the window on the sample event, its map and graph, and every dialog, into pictures for the documents:
 //     kestrabel-screenshots FOLDER light|dark PROJECT TRACKFILE...
 // The scale comes from QT_SCALE_FACTOR and stands in the names: "main-window-light@2x.png".
 
@@ -8,7 +8,9 @@
 #include "present/DeleteSlowPointsDialog.h"
 #include "present/EditDivisionDialog.h"
 #include "present/ExtractTrackDialog.h"
+#include "present/graph/ResultSpeedGraphView.h"
 #include "present/GridFieldsDialog.h"
+#include "present/map/MapView.h"
 #include "present/OptionsDialog.h"
 #include "present/SelectCompetitorDialog.h"
 #include "present/SelectDivisionDialog.h"
@@ -23,8 +25,10 @@
 #include "ui/panes/GridView.h"
 #include "ui/QtSettings.h"
 #include "ui/QtText.h"
+#include "ui/scene/ScenePane.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
@@ -35,7 +39,10 @@
 
 #include <algorithm>
 #include <functional>
+#include <initializer_list>
 #include <iostream>
+#include <stdexcept>
+#include <string_view>
 
 namespace {
 
@@ -134,6 +141,86 @@ void KeepDialogsOfTheProgram(SAlbum& album, CDesktop& desktop, const CEvent& eve
     album.KeepDialog("about", [&] { desktop.Run(about); });
 }
 
+/// A pane by the name that it has for screen readers.
+template <class TPane>
+TPane& PaneOf(const CMainFrame& frame, const QString& strName)
+{
+    for (TPane* pPane : frame.findChildren<TPane*>()) {
+        if (pPane->accessibleName() == strName)
+            return *pPane;
+    }
+    throw std::runtime_error(FromQt(strName) + ": there is no such pane");
+}
+
+void PickBest(CMainFrame& frame, const std::string& strDivision)
+{
+    const CEvent& event = frame.Application().m_document.m_event;
+    const auto division =
+        std::ranges::find(event.m_divisions, strDivision, [](const CDivision* p) { return p->m_strName; });
+    ClickNode(frame.Application().m_document,
+              {NodeKind::Division, static_cast<int>(division - event.m_divisions.begin())});
+    CGridView& results = PaneOf<CGridView>(frame, "Results");
+    results.setCurrentIndex({});
+    results.setCurrentIndex(results.model()->index(0, 0));
+}
+
+void ShowFields(CSceneView& view, std::initializer_list<std::string_view> shown)
+{
+    SGridFieldsDialog fields = view.FieldsDialog();
+    for (auto& [strTitle, bShown] : fields.rows)
+        bShown = std::ranges::count(shown, strTitle) > 0;
+    view.ApplyFields(fields);
+}
+
+/// Right-clicks in the middle of a pane, takes the picture of the menu and closes it.
+void KeepMenu(SAlbum& album, CScenePane& pane, const QString& strName)
+{
+    QTimer::singleShot(0, [&] {
+        QWidget* pMenu = QApplication::activePopupWidget();
+        album.bComplete &= pMenu != nullptr;
+        if (pMenu == nullptr)
+            return;
+        album.Keep(*pMenu, strName);
+        pMenu->close();
+    });
+    const QPoint middle = pane.viewport()->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, middle, pane.viewport()->mapToGlobal(middle));
+    QApplication::sendEvent(pane.viewport(), &event);
+}
+
+/// Anna's file alone, its best 500 metres in the map and in the graph, the gates of laps, and a page.
+void KeepScenes(SAlbum& album, CMainFrame& frame)
+{
+    CScenePane& map = PaneOf<CScenePane>(frame, "Map");
+    CScenePane& graph = PaneOf<CScenePane>(frame, "Speed graph");
+    const auto zoom = [](CScenePane& pane, int nSteps) {
+        const QPoint middle = pane.viewport()->rect().center();
+        for (int i = 0; i < nSteps; ++i)
+            pane.View().OnMouseWheel({middle.x() + 0.0, middle.y() + 0.0}, false);
+    };
+    ClickNode(frame.Application().m_document, {NodeKind::TrackFile, 0});
+    PickBest(frame, "500 meters Accum");
+    ShowFields(map.View(), {"Grid", "Zoom", "Speed Color", "WayPoints", "Scale Grid"});
+    ShowFields(graph.View(), {"Grid", "Zoom", "Speed", "Doppler", "Sats", "HDOP"});
+    zoom(map, 2);
+    zoom(graph, 8);
+    frame.Application().m_document.m_hub.UpdateAllViews(nullptr, HINT_FOCUS_MOVED);
+    album.Keep(map, "map");
+    album.Keep(graph, "graph");
+    KeepMenu(album, map, "map-menu");
+    map.View().OnCommand(ECommand::ZoomAll);
+    graph.View().OnCommand(ECommand::ZoomAll);
+
+    ShowFields(map.View(), {"Grid", "Zoom", "Speed Color"});
+    ShowFields(graph.View(), {"Grid", "Zoom", "Speed"});
+    PickBest(frame, "Alpha 500");
+    album.Keep(map, "map-alpha");
+    album.KeepDialog("print-preview",
+                     [&] { frame.Router().CarryOut(ECommand::PrintPreview, {.pane = EPane::Map}); });
+    PickBest(frame, "Laps");
+    album.Keep(map, "map-laps");
+}
+
 } // namespace
 
 int main(int nArguments, char** ppArguments)
@@ -162,12 +249,9 @@ int main(int nArguments, char** ppArguments)
     frame.Router().CarryOut(ECommand::ShowTree);
     CKestroDoc& document = frame.Application().m_document;
     ClickNode(document, TrackFilesRoot); // the points of all of them
-    ClickNode(document, {NodeKind::Division, 5});
-    for (CGridView* pGrid : frame.findChildren<CGridView*>()) {
-        if (pGrid->accessibleName() == "Results")
-            pGrid->setCurrentIndex(pGrid->model()->index(0, 0));
-    }
+    PickBest(frame, "500 meters Accum");
     album.Keep(frame, "main-window");
+    KeepScenes(album, frame);
 
     CTrackPointGrid grid(document.m_event, document.m_hub, document.m_selection, settings,
                          document.m_surroundings.progress);
