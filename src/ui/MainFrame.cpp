@@ -68,6 +68,12 @@ QString IconOf(ECommand command)
     }
 }
 
+/// A command that waits for its dialog still holds what files dropped beside the dialog might replace.
+bool IsBusyWithDialog()
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
 QByteArray Stored(const CSettingsStore& settings, std::string_view strEntry)
 {
     return QByteArray::fromBase64(ToQt(settings.Read(Section, strEntry)).toLatin1());
@@ -383,12 +389,14 @@ void CMainFrame::closeEvent(QCloseEvent* pEvent)
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* pEvent)
 {
-    if (pEvent->mimeData()->hasUrls())
+    if (pEvent->mimeData()->hasUrls() && !IsBusyWithDialog())
         pEvent->acceptProposedAction();
 }
 
 void CMainFrame::dropEvent(QDropEvent* pEvent)
 {
+    if (IsBusyWithDialog())
+        return;
     std::vector<std::string> paths;
     for (const QUrl& url : pEvent->mimeData()->urls()) {
         if (url.isLocalFile())

@@ -1,17 +1,21 @@
 #include "support/ScriptedDesktop.h"
+#include "ui/DialogDriver.h"
 #include "ui/TestWindow.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QToolBar>
+#include <QWindow>
 
 #include <gmock/gmock.h>
 
@@ -167,6 +171,28 @@ TEST(MainFrame, TitleAndTreeTellAtOnceWhatWasSaved)
     window.desktop.Files("Kestrabel files", {});
     router.CarryOut(ECommand::Open);
     window.ClickNode("Berta");
+}
+
+TEST(MainFrame, NothingIsDroppedBesideAnOpenDialog)
+{
+    SWindow window;
+    const QList<QUrl> urls = {QUrl::fromLocalFile(ToQt(window.folder.Write("anna.nmea", Sentences(30))))};
+    QMimeData data;
+    data.setUrls(urls);
+    const auto drop = [&] {
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.pFrame->windowHandle(), &enter);
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window.pFrame->windowHandle(), &event);
+        return window.pFrame->Application().m_document.m_selection.GetSeriesPoints(0).GetCount();
+    };
+    QMessageBox box(window.pFrame.get());
+    Drive([&] { return box.exec(); },
+          [&](QDialog& dialog) {
+              EXPECT_EQ(drop(), 0) << "its command may hold what the drop would replace";
+              dialog.reject();
+          });
+    EXPECT_EQ(drop(), 30);
 }
 
 TEST(MainFrame, EveryWidgetThatTakesTheFocusHasAName)
