@@ -17,6 +17,7 @@ constexpr double DistanceFactor = 1.852;
 constexpr double MilesPerDegree = 60.0;
 constexpr double MarksOfDistance = 100.0; // a distance is told to a hundredth of the step
 constexpr double MostDecimals = 9.0;
+constexpr double BesideLine = 2.0; // pixels of the screen
 
 struct SStep
 {
@@ -83,8 +84,10 @@ public:
             if (dX - dLast < 2.0 * m_surface.text.Width(line.strLabel))
                 continue;
             dLast = dX;
-            Label({dX, static_cast<double>(m_bFarEdges ? area.nBottom : area.nTop)}, ESceneAlign::Low,
-                  m_bFarEdges ? ESceneAlign::High : ESceneAlign::Low, line.strLabel);
+            // Beside the line, which would hide a leading decimal point.
+            Label({dX + BesideLine * m_surface.dScale,
+                   static_cast<double>(m_bFarEdges ? area.nBottom : area.nTop)},
+                  ESceneAlign::Low, m_bFarEdges ? ESceneAlign::High : ESceneAlign::Low, line.strLabel);
         }
     }
     void Horizontal(const std::vector<SLine>& lines)

@@ -9,6 +9,8 @@
 namespace kestrabel::test {
 namespace {
 
+constexpr double BesideLine = 2.0; // pixels from a vertical line to its label
+
 /// The labels of the vertical lines, a bar, those of the horizontal ones; each with its pixel.
 std::string Labels(const SSceneLayer& layer, bool bFar)
 {
@@ -18,8 +20,8 @@ std::string Labels(const SSceneLayer& layer, bool bFar)
         const bool bVertical = text.vertical == (bFar ? ESceneAlign::High : ESceneAlign::Low) &&
                                text.horizontal == ESceneAlign::Low;
         std::string& strLine = bVertical ? strX : strY;
-        strLine +=
-            text.strText + "@" + std::to_string(std::lround(bVertical ? text.at.dX : text.at.dY)) + " ";
+        strLine += text.strText + "@" +
+                   std::to_string(std::lround(bVertical ? text.at.dX - BesideLine : text.at.dY)) + " ";
     }
     return strX + "| " + strY;
 }
