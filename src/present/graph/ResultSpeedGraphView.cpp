@@ -110,17 +110,10 @@ void CResultSpeedGraphView::OnSize(int nWidth, int nHeight)
     if (area == m_area)
         return;
     m_area = area;
-    Moved();
+    Refresh();
 }
 
 void CResultSpeedGraphView::Refresh()
-{
-    m_bAllStale = true;
-    m_listener.onChanged();
-}
-
-/// The transform is another.
-void CResultSpeedGraphView::Moved()
 {
     m_bAllStale = true;
     m_listener.onChanged();
@@ -259,7 +252,7 @@ void CResultSpeedGraphView::OnScroll(EScrollBar bar, EScroll scroll, int nThumb)
     if (!now.bShown)
         return;
     ShowFrom(PositionAfter(now, scroll, nThumb));
-    Moved();
+    Refresh();
 }
 
 void CResultSpeedGraphView::ZoomAt(const SScenePoint& point, bool bIn)
@@ -271,7 +264,13 @@ void CResultSpeedGraphView::ZoomAt(const SScenePoint& point, bool bIn)
         m_transform.ZoomIn();
     else
         m_transform.ZoomOut();
-    Moved();
+    Refresh();
+}
+
+void CResultSpeedGraphView::ZoomAll()
+{
+    ShowAll();
+    Refresh();
 }
 
 void CResultSpeedGraphView::OnLButtonDown(const SScenePoint& point, SModifiers modifiers)
@@ -292,7 +291,7 @@ void CResultSpeedGraphView::OnLButtonDown(const SScenePoint& point, SModifiers m
         ZoomAt(point, true);
     } else if (modifiers.bShift && m_transform.IsZoomed()) {
         ShowInMiddle(dShown);
-        Moved();
+        Refresh();
     } else {
         m_listener.onChanged();
     }
@@ -312,7 +311,7 @@ bool CResultSpeedGraphView::OnMouseMove(const SScenePoint& point, bool bLeftButt
     if (m_dragged && m_dragged->dX != point.dX && m_transform.IsZoomed()) {
         m_transform.m_dWorldAnchorX += (m_dragged->dX - point.dX) * m_transform.m_dUnitsPerPixelX;
         m_dragged = point;
-        Moved();
+        Refresh();
     }
     return false;
 }
@@ -334,11 +333,6 @@ void CResultSpeedGraphView::ShowPointer(const SScenePoint& point)
             FormatTimeOfDay(ShiftToTimezone(under.m_time, m_event.m_dTimezone), m_event.m_nTimePrecision)};
     }
     m_listener.onStatus();
-}
-
-void CResultSpeedGraphView::OnMouseWheel(const SScenePoint& point, bool bForward)
-{
-    ZoomAt(point, !bForward);
 }
 
 // Keys
@@ -386,21 +380,6 @@ void CResultSpeedGraphView::FollowFocus(bool bOn)
         m_bAllStale = true;
     }
     m_listener.onChanged();
-}
-
-// Commands
-
-bool CResultSpeedGraphView::OnCommand(ECommand command)
-{
-    switch (command) {
-    case ECommand::ZoomIn: ZoomAt(m_rightClicked, true); return true;
-    case ECommand::ZoomOut: ZoomAt(m_rightClicked, false); return true;
-    case ECommand::ZoomAll:
-        ShowAll();
-        Moved();
-        return true;
-    default: return false;
-    }
 }
 
 } // namespace kestrabel

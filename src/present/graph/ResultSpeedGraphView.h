@@ -50,12 +50,9 @@ public:
     void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) override;
     void OnLButtonUp() override { m_dragged.reset(); }
     bool OnMouseMove(const SScenePoint& point, bool bLeftButton) override;
-    void OnMouseWheel(const SScenePoint& point, bool bForward) override;
-    void OnRButtonDown(const SScenePoint& point) override { m_rightClicked = point; }
 
     bool OnKeyDown(EViewKey key, SModifiers modifiers) override;
 
-    bool OnCommand(ECommand command) override;
     /// New waypoints are at the focus point.
     std::optional<CPosition> PlaceForNewPoint() override { return std::nullopt; }
 
@@ -76,11 +73,11 @@ private:
     void ShowAll();
     void ShowInMiddle(double dIndex);
     void ShowFrom(double dFirst);
-    void ZoomAt(const SScenePoint& point, bool bIn);
+    void ZoomAt(const SScenePoint& point, bool bIn) override;
+    void ZoomAll() override;
     void ShowPointer(const SScenePoint& point);
     /// Of the page before or after when it is out of sight.
     void FollowFocus(bool bOn);
-    void Moved();
     void UpdateTracks();
     /// The plot has its place within the labels.
     void UpdateLayout(const CSceneTextSize& text);
@@ -99,7 +96,6 @@ private:
     CMapTransform m_transform{false};
     std::optional<SScenePoint> m_dragged; ///< where the pointer was while it drags the graph
     std::optional<SScenePoint> m_pointer; ///< where it was last
-    SScenePoint m_rightClicked;
 
     // What is kept from scene to scene.
     std::vector<SGraphTrack> m_tracks;

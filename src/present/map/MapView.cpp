@@ -90,17 +90,10 @@ void CMapView::OnSize(int nWidth, int nHeight)
         m_transform.ZoomBy(dZoomFactor);
         m_transform.m_dZoomFactor = dZoomFactor; // not a digit of it changes by this
     }
-    Moved();
+    Refresh();
 }
 
 void CMapView::Refresh()
-{
-    m_bGroundStale = true;
-    m_listener.onChanged();
-}
-
-/// The transform is another.
-void CMapView::Moved()
 {
     m_bGroundStale = true;
     m_listener.onChanged();
@@ -179,7 +172,7 @@ void CMapView::OnScroll(EScrollBar bar, EScroll scroll, int nThumb)
     if (!m_transform.IsZoomed())
         return;
     ScrollMap(m_transform, m_extent, bar, scroll, nThumb);
-    Moved();
+    Refresh();
 }
 
 void CMapView::ZoomAt(const SScenePoint& point, bool bIn)
@@ -189,7 +182,13 @@ void CMapView::ZoomAt(const SScenePoint& point, bool bIn)
         m_transform.ZoomIn();
     else
         m_transform.ZoomOut();
-    Moved();
+    Refresh();
+}
+
+void CMapView::ZoomAll()
+{
+    ShowAll();
+    Refresh();
 }
 
 const CTrackPoint* CMapView::PointAt(const SScenePoint& point)
@@ -223,7 +222,7 @@ void CMapView::OnLButtonDown(const SScenePoint& point, SModifiers modifiers)
         ZoomAt(point, true);
     } else if (modifiers.bShift) {
         ShowInMiddle(m_transform.DeviceToWorld(point));
-        Moved();
+        Refresh();
     } else {
         if (const CTrackPoint* pPoint = PointAt(point)) {
             FocusOn(*pPoint, this);
@@ -249,7 +248,7 @@ bool CMapView::OnMouseMove(const SScenePoint& point, bool bLeftButton)
         m_transform.m_dWorldAnchorX += from.m_dLongitude - to.m_dLongitude;
         m_transform.m_dWorldAnchorY += from.m_dLatitude - to.m_dLatitude;
         m_dragged = point;
-        Moved();
+        Refresh();
     }
     return false;
 }
@@ -264,11 +263,6 @@ void CMapView::ShowPointer(const SScenePoint& point)
                                  FormatNumber(position.m_dLongitude, PointerDecimals, false),
                                  "TIME"};
     m_listener.onStatus();
-}
-
-void CMapView::OnMouseWheel(const SScenePoint& point, bool bForward)
-{
-    ZoomAt(point, !bForward);
 }
 
 // Keys
@@ -302,21 +296,6 @@ void CMapView::ScrollPage(EViewKey key)
     const bool bOn = key == EViewKey::Right || key == EViewKey::Down;
     OnScroll(bHorizontal ? EScrollBar::Horizontal : EScrollBar::Vertical,
              bOn ? EScroll::PageOn : EScroll::PageBack);
-}
-
-// Commands
-
-bool CMapView::OnCommand(ECommand command)
-{
-    switch (command) {
-    case ECommand::ZoomIn: ZoomAt(m_rightClicked, true); return true;
-    case ECommand::ZoomOut: ZoomAt(m_rightClicked, false); return true;
-    case ECommand::ZoomAll:
-        ShowAll();
-        Moved();
-        return true;
-    default: return false;
-    }
 }
 
 std::optional<CPosition> CMapView::PlaceForNewPoint()

@@ -49,12 +49,9 @@ public:
     void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) override;
     void OnLButtonUp() override { m_dragged.reset(); }
     bool OnMouseMove(const SScenePoint& point, bool bLeftButton) override;
-    void OnMouseWheel(const SScenePoint& point, bool bForward) override;
-    void OnRButtonDown(const SScenePoint& point) override { m_rightClicked = point; }
 
     bool OnKeyDown(EViewKey key, SModifiers modifiers) override;
 
-    bool OnCommand(ECommand command) override;
     void ShowNeighborhood(bool bShow);
     /// None when there is a track point at the place that was clicked, which is the focus now.
     std::optional<CPosition> PlaceForNewPoint() override;
@@ -70,10 +67,10 @@ private:
     void FocusOn(const CTrackPoint& point, const CPane* pSender);
     void ShowAll();
     void ShowInMiddle(const CPosition& position);
-    void ZoomAt(const SScenePoint& point, bool bIn);
+    void ZoomAt(const SScenePoint& point, bool bIn) override;
+    void ZoomAll() override;
     void ShowPointer(const SScenePoint& point);
     void ScrollPage(EViewKey key);
-    void Moved();
     void UpdateTracks();
     void SetLayer(EMapLayer layer, SSceneLayer now);
     SMapOptions Options() const { return MapOptions(m_fields, m_bNeighborhood); }
@@ -89,7 +86,6 @@ private:
     CGeoRect m_extent = MapExtent(m_selection);
     std::optional<SScenePoint> m_dragged; ///< where the pointer was while it drags the map
     std::optional<SScenePoint> m_pointer; ///< where it was last
-    SScenePoint m_rightClicked;
 
     // What is kept from scene to scene.
     std::vector<SMapTrack> m_tracks;

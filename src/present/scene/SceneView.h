@@ -51,7 +51,7 @@ public:
 
     /// The client area.
     virtual void OnSize(int nWidth, int nHeight) = 0;
-    /// Fonts or colours are others.
+    /// Fonts, colours or the view are others.
     virtual void Refresh() = 0;
 
     /// What to draw now. Layers in which nothing changed are not computed again.
@@ -67,15 +67,15 @@ public:
     /// Drags with the left button held; shows where the pointer is. True: the pane is to take the keyboard.
     virtual bool OnMouseMove(const SScenePoint& point, bool bLeftButton) = 0;
     /// Forward, away from the user, shows more.
-    virtual void OnMouseWheel(const SScenePoint& point, bool bForward) = 0;
+    void OnMouseWheel(const SScenePoint& point, bool bForward) { ZoomAt(point, !bForward); }
     /// Remembers the place for the commands of the context menu.
-    virtual void OnRButtonDown(const SScenePoint& point) = 0;
+    void OnRButtonDown(const SScenePoint& point) { m_rightClicked = point; }
 
     /// False: the key means nothing here.
     virtual bool OnKeyDown(EViewKey key, SModifiers modifiers) = 0;
 
-    /// The zoom commands. False: it is none of them.
-    virtual bool OnCommand(ECommand command) = 0;
+    /// The zoom commands, at the place of the right click. False: it is none of them.
+    bool OnCommand(ECommand command);
     /// Where "Add Waypoint..." and "Add CheckPoint..." of the context menu are to add one: none for the focus
     /// point, which a view may move for it.
     virtual std::optional<CPosition> PlaceForNewPoint() = 0;
@@ -84,7 +84,12 @@ public:
     virtual void ApplyFields(const SGridFieldsDialog& dialog) = 0;
 
 protected:
+    /// One step, after which the place shows what it showed before.
+    virtual void ZoomAt(const SScenePoint& point, bool bIn) = 0;
+    virtual void ZoomAll() = 0;
+
     SListener m_listener;
+    SScenePoint m_rightClicked;
 };
 
 } // namespace kestrabel
