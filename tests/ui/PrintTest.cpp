@@ -1,9 +1,12 @@
 #include "ui/print/GridPrintJob.h"
 
 #include "support/ScriptedDesktop.h"
+#include "ui/print/ScenePrintJob.h"
 #include "ui/print/TreePrintJob.h"
+#include "ui/scene/ScenePane.h"
 #include "ui/TestWindow.h"
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
@@ -102,6 +105,60 @@ TEST(Print, TreeStandsInItsOrder)
     const int nChild = nLeft + Dpi * 8 / 72; // an indent of more than a line's height
     EXPECT_GT(InkInColumn(page, nChild + 4) + InkInColumn(page, nChild + 8), 100)
         << "its children stand further in";
+}
+
+/// Page objects of a PDF; the tree that holds them is of type "Pages".
+int PdfPages(const QString& strPath)
+{
+    QFile file(strPath);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    return static_cast<int>(bytes.count("/Type /Page") - bytes.count("/Type /Pages"));
+}
+
+TEST(Print, MapAndGraphFillOnePageEach)
+{
+    SWindowWith<CScriptedDesktop> window;
+    window.desktop.Files("*.*", {window.folder.Write("anna.nmea", Sentences(140))});
+    window.pFrame->Router().CarryOut(ECommand::ImportTrackFiles);
+    window.pFrame->setPalette(QPalette(Qt::white, Qt::black)); // paper stays white all the same
+    int nScenes = 0;
+    for (QAbstractScrollArea* pArea : window.pFrame->findChildren<QAbstractScrollArea*>()) {
+        auto* pPane = dynamic_cast<CScenePane*>(pArea);
+        if (pPane == nullptr)
+            continue;
+        ++nScenes;
+        const std::string strPane = FromQt(pPane->accessibleName());
+        CScenePrintJob job(pPane->View(), "Anna", "2026-11-24");
+        constexpr int nMargin = 40;
+        QImage page = BlankPage();
+        const QRectF area = page.rect().adjusted(nMargin, nMargin, -nMargin, -nMargin);
+        QPainter painter(&page);
+        EXPECT_EQ(job.Paginate(painter, area), 1) << strPane;
+        job.DrawPage(painter, area, 0);
+        painter.end();
+        EXPECT_EQ(qGray(page.pixel(1, 1)), 255) << strPane;
+        const auto [nFirst, nLast] = InkedRows(page);
+        EXPECT_GE(nFirst, nMargin) << strPane;
+        EXPECT_LT(nFirst, nMargin + Dpi / 4) << strPane << ": the heading stands on top";
+        EXPECT_LT(nLast, page.height() - nMargin) << strPane;
+        EXPECT_GT(nLast, page.height() / 2) << strPane << ": the picture is as large as the page allows";
+        int nColoured = 0; // light as a thin, smoothed line may be
+        for (int x = 0; x < page.width(); ++x) {
+            bool bColour = false;
+            for (int y = nMargin + Dpi / 4; y < page.height(); ++y)
+                bColour = bColour || qGray(page.pixel(x, y)) < 240;
+            nColoured += bColour ? 1 : 0;
+        }
+        EXPECT_GT(nColoured, page.width() / 2) << strPane << " goes over the page below its heading";
+
+        QPrinter printer(QPrinter::HighResolution);
+        const QString strPath = ToQt(window.folder.Path("scene.pdf"));
+        printer.setOutputFileName(strPath);
+        DrawPages(job, printer);
+        EXPECT_EQ(PdfPages(strPath), 1) << strPane;
+    }
+    EXPECT_EQ(nScenes, 2);
 }
 
 TEST(Print, PagesAreWrittenOneByOne)
