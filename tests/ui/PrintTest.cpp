@@ -1,6 +1,7 @@
 #include "ui/print/GridPrintJob.h"
 
 #include "support/ScriptedDesktop.h"
+#include "ui/print/PageFrame.h"
 #include "ui/print/ScenePrintJob.h"
 #include "ui/print/TreePrintJob.h"
 #include "ui/scene/ScenePane.h"
@@ -86,6 +87,52 @@ TEST(Print, GridFillsPagesFromHeadingToPageNumber)
     EXPECT_EQ(InkInColumn(first, first.width() - nMargin + 2), 0) << "no column is cut by the paper's edge";
     const QImage last = drawn(nPages - 1);
     EXPECT_GT(InkedRows(last).second, last.height() - nMargin - Dpi / 4);
+}
+
+/// How much ink the rows of dots from `nFrom` to before `nEnd` have.
+double Ink(const QImage& page, int nFrom, int nEnd)
+{
+    double dInk = 0.0;
+    for (int y = nFrom; y < nEnd; ++y) {
+        for (int x = 0; x < page.width(); ++x)
+            dInk += 255 - qGray(page.pixel(x, y));
+    }
+    return dInk;
+}
+
+TEST(Print, TitlesOfColumnsAreNotCut)
+{
+    SWindowWith<CScriptedDesktop> window;
+    CApplication& application = window.pFrame->Application();
+    const CTrackPointGrid grid(application.m_document.m_event, application.m_document.m_hub,
+                               application.m_document.m_selection, *window.pSettings,
+                               application.m_document.m_surroundings.progress);
+    QImage page = BlankPage().scaled(2400, 400); // wide enough for letters of full size
+    page.setDotsPerMeterX(qRound(Dpi / 0.0254));
+    page.setDotsPerMeterY(qRound(Dpi / 0.0254));
+    QImage titles = page;
+    CGridPrintJob job(grid, {}, {});
+    QPainter painter(&page);
+    job.Paginate(painter, page.rect());
+    const QRectF body = CPageFrame::Body(painter, page.rect());
+    job.DrawPage(painter, page.rect(), 0);
+    painter.end();
+
+    QPainter alone(&titles);
+    QFont font = CPageFrame::Font();
+    font.setBold(true);
+    alone.setFont(font);
+    const double dLine = QFontMetricsF(font, &titles).lineSpacing();
+    for (int i = 0; i < grid.ColumnCount(); ++i)
+        alone.drawText(QRectF(10 + 120 * i, body.top(), 120, dLine), Qt::AlignVCenter,
+                       ToQt(grid.Column(i).m_strTitle));
+    alone.end();
+    // Above the line that stands below the titles.
+    const int nTop = qRound(body.top());
+    const int nEnd = qRound(body.top() + dLine) - 3;
+    const double dWhole = Ink(titles, nTop, nEnd);
+    EXPECT_GT(dWhole, 0.0);
+    EXPECT_NEAR(Ink(page, nTop, nEnd), dWhole, dWhole * 0.03);
 }
 
 TEST(Print, TreeStandsInItsOrder)
