@@ -3,9 +3,13 @@
 #include "platform/FileSettings.h"
 #include "support/ScriptedDesktop.h"
 #include "ui/DialogDriver.h"
+#include "ui/print/PageFrame.h"
+#include "ui/print/ScenePrintJob.h"
 #include "ui/print/TreePrintJob.h"
+#include "ui/scene/ScenePane.h"
 #include "ui/TestWindow.h"
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QPrinter>
@@ -114,6 +118,52 @@ TEST(Print, OneLongNameDoesNotShrinkTheTable)
     EXPECT_GT(inkedLines(240), inkedLines(20) * 3 / 4);
 }
 
+/// How much ink the rows of dots from `nFrom` to before `nEnd` have.
+double Ink(const QImage& page, int nFrom, int nEnd)
+{
+    double dInk = 0.0;
+    for (int y = nFrom; y < nEnd; ++y) {
+        for (int x = 0; x < page.width(); ++x)
+            dInk += 255 - qGray(page.pixel(x, y));
+    }
+    return dInk;
+}
+
+TEST(Print, TitlesOfColumnsAreNotCut)
+{
+    SWindowWith<CScriptedDesktop> window;
+    CApplication& application = window.pFrame->Application();
+    const CTrackPointGrid grid(application.m_document.m_event, application.m_document.m_hub,
+                               application.m_document.m_selection, *window.pSettings,
+                               application.m_document.m_surroundings.progress);
+    QImage page = BlankPage().scaled(2400, 400); // wide enough for letters of full size
+    page.setDotsPerMeterX(qRound(Dpi / 0.0254));
+    page.setDotsPerMeterY(qRound(Dpi / 0.0254));
+    QImage titles = page;
+    CGridPrintJob job(grid, {}, {});
+    QPainter painter(&page);
+    job.Paginate(painter, page.rect());
+    const QRectF body = CPageFrame::Body(painter, page.rect());
+    job.DrawPage(painter, page.rect(), 0);
+    painter.end();
+
+    QPainter alone(&titles);
+    QFont font = CPageFrame::Font();
+    font.setBold(true);
+    alone.setFont(font);
+    const double dLine = QFontMetricsF(font, &titles).lineSpacing();
+    for (int i = 0; i < grid.ColumnCount(); ++i)
+        alone.drawText(QRectF(10 + 120 * i, body.top(), 120, dLine), Qt::AlignVCenter,
+                       ToQt(grid.Column(i).m_strTitle));
+    alone.end();
+    // Above the line that stands below the titles.
+    const int nTop = qRound(body.top());
+    const int nEnd = qRound(body.top() + dLine) - 3;
+    const double dWhole = Ink(titles, nTop, nEnd);
+    EXPECT_GT(dWhole, 0.0);
+    EXPECT_NEAR(Ink(page, nTop, nEnd), dWhole, dWhole * 0.03);
+}
+
 TEST(Print, TreeStandsInItsOrder)
 {
     std::vector<STreeRow> rows = {{DivisionsRoot, "Divisions", 2, 0, true, true}};
@@ -163,6 +213,60 @@ TEST(Print, ThePreviewShowsAsManyPagesAsLastTime)
         };
         EXPECT_EQ(Drive(open, turn), strStored);
     }
+}
+
+/// Page objects of a PDF; the tree that holds them is of type "Pages".
+int PdfPages(const QString& strPath)
+{
+    QFile file(strPath);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    return static_cast<int>(bytes.count("/Type /Page") - bytes.count("/Type /Pages"));
+}
+
+TEST(Print, MapAndGraphFillOnePageEach)
+{
+    SWindowWith<CScriptedDesktop> window;
+    window.desktop.Files("*.*", {window.folder.Write("anna.nmea", Sentences(140))});
+    window.pFrame->Router().CarryOut(ECommand::ImportTrackFiles);
+    window.pFrame->setPalette(QPalette(Qt::white, Qt::black)); // paper stays white all the same
+    int nScenes = 0;
+    for (QAbstractScrollArea* pArea : window.pFrame->findChildren<QAbstractScrollArea*>()) {
+        auto* pPane = dynamic_cast<CScenePane*>(pArea);
+        if (pPane == nullptr)
+            continue;
+        ++nScenes;
+        const std::string strPane = FromQt(pPane->accessibleName());
+        CScenePrintJob job(pPane->View(), "Anna", "2026-11-24");
+        constexpr int nMargin = 40;
+        QImage page = BlankPage();
+        const QRectF area = page.rect().adjusted(nMargin, nMargin, -nMargin, -nMargin);
+        QPainter painter(&page);
+        EXPECT_EQ(job.Paginate(painter, area), 1) << strPane;
+        job.DrawPage(painter, area, 0);
+        painter.end();
+        EXPECT_EQ(qGray(page.pixel(1, 1)), 255) << strPane;
+        const auto [nFirst, nLast] = InkedRows(page);
+        EXPECT_GE(nFirst, nMargin) << strPane;
+        EXPECT_LT(nFirst, nMargin + Dpi / 4) << strPane << ": the heading stands on top";
+        EXPECT_LT(nLast, page.height() - nMargin) << strPane;
+        EXPECT_GT(nLast, page.height() / 2) << strPane << ": the picture is as large as the page allows";
+        int nColoured = 0; // light as a thin, smoothed line may be
+        for (int x = 0; x < page.width(); ++x) {
+            bool bColour = false;
+            for (int y = nMargin + Dpi / 4; y < page.height(); ++y)
+                bColour = bColour || qGray(page.pixel(x, y)) < 240;
+            nColoured += bColour ? 1 : 0;
+        }
+        EXPECT_GT(nColoured, page.width() / 2) << strPane << " goes over the page below its heading";
+
+        QPrinter printer(QPrinter::HighResolution);
+        const QString strPath = ToQt(window.folder.Path("scene.pdf"));
+        printer.setOutputFileName(strPath);
+        DrawPages(job, printer);
+        EXPECT_EQ(PdfPages(strPath), 1) << strPane;
+    }
+    EXPECT_EQ(nScenes, 2);
 }
 
 TEST(Print, PagesAreWrittenOneByOne)

@@ -94,8 +94,6 @@ bool AddTimeTicks(const SSceneSurface& surface, const SGraphLayout& layout,
         const double dX = transform.WorldToDevice({static_cast<double>(i), 0.0}).dX;
         if (dX >= dEnd)
             break;
-        if (points[i].m_time == points[i - 1].m_time && nMinute != -1)
-            continue; // a logger of some fixes per second
         const int nNow = MinuteOfDay(timeOf(i));
         if (nNow == -1 || nNow == nMinute)
             continue;

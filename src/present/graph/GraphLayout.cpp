@@ -18,7 +18,7 @@ constexpr double FewLines = 0.2;    // then a fifth of the axis
 /// Lines that stand as closely as their labels allow.
 double SpeedPerLine(double dTop, double dPlotHeight, double dTextHeight)
 {
-    if (!(dTop > 0.0) || dPlotHeight <= 0.0)
+    if (!(dTop > 0.0) || !std::isfinite(dTop) || dPlotHeight <= 0.0)
         return 0.0;
     const double dStep = WholeSpeeds * std::ceil((dTextHeight + 1.0) * dTop / (dPlotHeight * WholeSpeeds));
     return dStep > dTop * MostOfTop ? std::ceil(dTop * FewLines) : dStep;

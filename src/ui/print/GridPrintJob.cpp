@@ -29,14 +29,17 @@ int CGridPrintJob::Paginate(QPainter& painter, const QRectF& page)
 {
     painter.setFont(CPageFrame::Font());
     const QFontMetricsF metrics(painter.font(), painter.device());
+    QFont bold = painter.font();
+    bold.setBold(true);
+    const QFontMetricsF titleMetrics(bold, painter.device());
     const int nRows = m_grid.RowCount();
     m_widths.assign(static_cast<std::size_t>(m_grid.ColumnCount()), 0.0);
     for (int nColumn = 0; nColumn < m_grid.ColumnCount(); ++nColumn) {
         double& dWidth = m_widths[static_cast<std::size_t>(nColumn)];
+        dWidth = titleMetrics.horizontalAdvance(ToQt(m_grid.Column(nColumn).m_strTitle) + "  ");
         const auto measure = [&](std::string_view strText) {
             dWidth = std::max(dWidth, metrics.horizontalAdvance(ToQt(strText) + "  "));
         };
-        measure(m_grid.Column(nColumn).m_strTitle);
         for (int nRow = 0; nRow < std::min(nRows, MeasuredRows); ++nRow)
             measure(m_grid.CellText(nRow, nColumn));
         for (int nRow = std::max(MeasuredRows, nRows - MeasuredRows); nRow < nRows; ++nRow)

@@ -3,6 +3,8 @@
 #include "present/graph/GraphGrid.h"
 #include "present/graph/GraphWorld.h"
 
+#include <cmath>
+
 namespace kestrabel::test {
 namespace {
 
@@ -52,7 +54,7 @@ TEST_F(SGraphLayoutTest, StepsOfTheGridLeaveRoomForTheLabels)
         {71, 50.0, 20.0},  // 3.06 fives, 20 of 51
         {51, 50.0, 11.0},  // 30 would be more than half of 51: a fifth, whole
         {121, 4.0, 1.0},   // 5 would be
-        {121, 0.0, 0.0},   {20, 50.0, 0.0},
+        {121, 0.0, 0.0},   {20, 50.0, 0.0}, {121, HUGE_VAL, 0.0},
     };
     for (const auto& [nHeight, dMaxSpeed, dStep] : cases)
         EXPECT_EQ(LayoutOf({EGraphField::Grid}, nHeight, dMaxSpeed).dSpeedPerLine, dStep)
