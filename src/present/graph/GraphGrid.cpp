@@ -90,10 +90,14 @@ bool AddTimeTicks(const SSceneSurface& surface, const SGraphLayout& layout,
 
     SSceneLines ticks = {TickPen, {}};
     int nMinute = MinuteOfDay(timeOf(shown.nFirst));
+    DATE last = points[shown.nFirst].m_time;
     for (int i = shown.nFirst + 1; i <= shown.nLast; ++i) {
         const double dX = transform.WorldToDevice({static_cast<double>(i), 0.0}).dX;
         if (dX >= dEnd)
             break;
+        if (points[i].m_time == last)
+            continue; // a clock that stands still
+        last = points[i].m_time;
         const int nNow = MinuteOfDay(timeOf(i));
         if (nNow == -1 || nNow == nMinute)
             continue;
