@@ -38,7 +38,8 @@ CDivision& AddDivision(CEvent& event, std::string_view strName, std::uint8_t nKi
     division.m_strName = strName;
     division.m_nKind = nKind;
     division.m_dMetres = dMetres;
-    // These kinds do not ask whether a fix is valid; Doppler speeds keep a position that jumps out of the sum.
+    // These kinds do not ask whether a fix is valid; Doppler speeds keep a position that jumps out of the
+    // sum.
     division.m_nCalcUsing = CalcUsing::DopplerIfAvailable;
     return division;
 }

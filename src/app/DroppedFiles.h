@@ -12,8 +12,8 @@ class CApplication;
 /// that can be read and the projects, in the order of their names; of files each as it is.
 std::vector<std::string> FilesOf(std::span<const std::string> paths);
 
-/// Files and folders were dropped on the window: the first project is opened, after the questions that closing
-/// asks, and track files are imported into the current competitor.
+/// Files and folders were dropped on the window: the first project is opened, after the questions that
+/// closing asks, and track files are imported into the current competitor.
 void DropFiles(CApplication& application, std::span<const std::string> paths);
 
 } // namespace kestrabel

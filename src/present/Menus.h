@@ -56,8 +56,8 @@ struct SShortcut
     ECommand command;
 };
 
-/// The keys that act wherever the focus is: those that the main menu shows. Of two items with the same one the
-/// first has it.
+/// The keys that act wherever the focus is: those that the main menu shows. Of two items with the same one
+/// the first has it.
 std::vector<SShortcut> Shortcuts();
 
 /// What a command does, in a few words: for the status bar and as the tip of a toolbar button. Empty for a

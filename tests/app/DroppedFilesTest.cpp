@@ -1,5 +1,5 @@
-#include "app/AppWorld.h"
 #include "app/DroppedFiles.h"
+#include "app/AppWorld.h"
 
 #include <filesystem>
 #include <gmock/gmock.h>
