@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 namespace kestrabel {
 
@@ -30,7 +29,8 @@ void CCurveLines::AddRuns()
     // From the last on: what is drawn last stays.
     double dCoveredTop = HUGE_VAL;
     double dCoveredBottom = -HUGE_VAL;
-    for (SRun& run : m_runs | std::views::reverse) {
+    for (auto it = m_runs.rbegin(); it != m_runs.rend(); ++it) {
+        SRun& run = *it;
         const double dTop = std::floor(run.dTop + 0.5);
         const double dBottom = std::floor(run.dBottom + 0.5);
         if (dTop >= dCoveredTop && dBottom <= dCoveredBottom) {
