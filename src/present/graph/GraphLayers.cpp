@@ -37,7 +37,7 @@ public:
     }
     SScenePoint At(std::int32_t i) const
     {
-        const double dValue = m_values[static_cast<std::size_t>(i)];
+        const auto dValue = static_cast<double>(m_values[static_cast<std::size_t>(i)]);
         return {std::clamp(m_track.EntryOf(i) * m_dPerEntry + m_dX, -FarAway, FarAway),
                 std::clamp(dValue * m_dPerValue + m_dY, -FarAway, FarAway)};
     }
