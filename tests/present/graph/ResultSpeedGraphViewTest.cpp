@@ -319,6 +319,37 @@ TEST_F(SGraphView, EmptyListsSizesAndSpeedsDrawNothing)
     EXPECT_EQ(view.ScrollBar(EScrollBar::Horizontal), SScrollBar{});
 }
 
+TEST_F(SGraphView, ShortListsAndOddZoomStepsKeepTheirNumbersFinite)
+{
+    Choose({EGraphField::Grid, EGraphField::Zoom, EGraphField::Speed, EGraphField::Sats, EGraphField::Nodes,
+            EGraphField::MergedDoppler});
+    for (const int nPoints : {1, 2, 3, 101}) {
+        while (Series(0).m_points.GetCount() > nPoints)
+            Series(0).m_points.RemoveAt(nPoints);
+        if (Series(0).m_points.GetCount() < nPoints)
+            AddSpeeds(std::vector<double>(static_cast<std::size_t>(nPoints), 20.0));
+        selection.ForgetPoints();
+        for (const double dStep : {0.2, 1.0, 3.0, -1.0}) {
+            event.m_dZoom = dStep;
+            selection.SetFocusPoint(0, 0.0);
+            view.OnUpdate(HINT_POINTS_CHANGED);
+            for (int i = 0; i < 12; ++i) {
+                view.OnMouseWheel({300.0, 10.0}, i % 3 == 2);
+                view.OnKeyDown(i % 2 == 0 ? EViewKey::Right : EViewKey::End, Plain);
+                view.OnScroll(EScrollBar::Horizontal, EScroll::PageOn);
+                const SScrollBar bar = view.ScrollBar(EScrollBar::Horizontal);
+                EXPECT_LE(bar.nPosition + bar.nPage, bar.nRange);
+                for (const SSceneLayer& layer : view.Scene(text).layers) {
+                    for (const SSceneLines& lines : layer.lines) {
+                        for (const SScenePoint& end : lines.ends)
+                            EXPECT_TRUE(std::isfinite(end.dX) && std::isfinite(end.dY));
+                    }
+                }
+            }
+        }
+    }
+}
+
 TEST_F(SGraphView, PaperHasWhatIsOnTheScreen)
 {
     Choose({EGraphField::Grid, EGraphField::Zoom, EGraphField::Speed});
