@@ -2,6 +2,7 @@
 
 #include "platform/SettingsStore.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -39,6 +40,13 @@ using CGridFields = std::vector<CGridField>;
 
 /// The fields of a table with their defaults.
 CGridFields DefaultFields(std::span<const SGridColumn> columns);
+
+/// Whether a field is shown; its enumeration counts in the order of the table.
+template <class TField>
+bool IsShown(const CGridFields& fields, TField field)
+{
+    return fields[static_cast<std::size_t>(field)].m_bDisplay;
+}
 
 /// The indices of the fields that are shown.
 std::vector<int> ShownFields(const CGridFields& fields);

@@ -35,12 +35,12 @@ public:
     CTrackBuilder(const CEvent& event, bool bAllEntries, std::size_t nPoints)
         : m_nTimeThreshold(event.m_nTimeThreshold),
           m_dFactor(SpeedUnitOf(event.m_nSpeedUnits).dDisplayFactor),
-          m_bAllEntries(bAllEntries)
+          m_bAllEntries(bAllEntries),
+          m_nPoints(nPoints)
     {
         m_track.invalid.reserve(nPoints);
         if (!bAllEntries)
             m_track.entries.reserve(nPoints);
-        m_nPoints = nPoints;
     }
     void Show(const SGraphSeries& series)
     {
@@ -67,11 +67,11 @@ public:
 
 private:
     SGraphTrack m_track;
-    std::size_t m_nPoints = 0;
     const CTrackPoint* m_pPrevious = nullptr;
     std::int32_t m_nTimeThreshold;
     double m_dFactor;
     bool m_bAllEntries;
+    std::size_t m_nPoints;
 };
 
 } // namespace

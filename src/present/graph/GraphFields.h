@@ -45,11 +45,6 @@ inline constexpr std::array<SGridColumn, 12> GraphFieldTable = {{
 /// The settings keep the choice under this name.
 inline constexpr std::string_view GraphFieldsTable = "Graph1";
 
-inline bool IsShown(const CGridFields& fields, EGraphField field)
-{
-    return fields[static_cast<std::size_t>(field)].m_bDisplay;
-}
-
 /// A curve of the graph.
 struct SGraphSeries
 {

@@ -29,7 +29,7 @@ constexpr SSceneArea UnknownArea = {0, 0, 100, 100};
 
 CResultSpeedGraphView::CResultSpeedGraphView(const CEvent& event, CUpdateHub& hub, CViewSelection& selection,
                                              CSettingsStore& settings)
-    : m_event(event),
+    : CSceneView(event),
       m_hub(hub),
       m_selection(selection),
       m_settings(settings),
@@ -282,11 +282,7 @@ void CResultSpeedGraphView::OnLButtonDown(const SScenePoint& point, SModifiers m
     const double dIndex = std::floor(m_transform.DeviceToWorld(point).m_dLongitude);
     const double dShown = std::clamp(std::isnan(dIndex) ? 0.0 : dIndex, 0.0, points.GetCount() - 1.0);
     const CTrackPoint& clicked = points[static_cast<int>(dShown)];
-    const int nSeries =
-        m_selection.GetCurrentSeries() != nullptr ? m_selection.m_nSeries : clicked.m_nSeriesIndex;
-    const int nPoint =
-        m_selection.GetCurrentSeries() != nullptr ? static_cast<int>(dShown) : clicked.m_nTrack;
-    m_selection.MoveFocus(this, nSeries, nPoint);
+    m_selection.MoveFocus(this, clicked.m_nSeriesIndex, clicked.m_nTrack);
     if (modifiers.bCtrl) {
         ZoomAt(point, true);
     } else if (modifiers.bShift && m_transform.IsZoomed()) {
@@ -297,23 +293,13 @@ void CResultSpeedGraphView::OnLButtonDown(const SScenePoint& point, SModifiers m
     }
 }
 
-/// The graph is dragged while a part of it is shown; the whole has nowhere to go.
-bool CResultSpeedGraphView::OnMouseMove(const SScenePoint& point, bool bLeftButton)
+/// A part of the graph is dragged; the whole has nowhere to go.
+void CResultSpeedGraphView::Drag(const SScenePoint& from, const SScenePoint& to)
 {
-    if (m_pointer != point) {
-        m_pointer = point;
-        ShowPointer(point);
-    }
-    if (!bLeftButton) {
-        m_dragged.reset();
-        return m_event.m_bCaptureFocus != 0;
-    }
-    if (m_dragged && m_dragged->dX != point.dX && m_transform.IsZoomed()) {
-        m_transform.m_dWorldAnchorX += (m_dragged->dX - point.dX) * m_transform.m_dUnitsPerPixelX;
-        m_dragged = point;
-        Refresh();
-    }
-    return false;
+    if (!m_transform.IsZoomed() || from.dX == to.dX)
+        return;
+    m_transform.m_dWorldAnchorX += (from.dX - to.dX) * m_transform.m_dUnitsPerPixelX;
+    Refresh();
 }
 
 void CResultSpeedGraphView::ShowPointer(const SScenePoint& point)

@@ -48,8 +48,6 @@ public:
     /// Puts the focus on the point there; with Ctrl zooms in there, with Shift moves that place to the
     /// middle.
     void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) override;
-    void OnLButtonUp() override { m_dragged.reset(); }
-    bool OnMouseMove(const SScenePoint& point, bool bLeftButton) override;
 
     bool OnKeyDown(EViewKey key, SModifiers modifiers) override;
 
@@ -75,8 +73,10 @@ private:
     void ShowFrom(double dFirst);
     void ZoomAt(const SScenePoint& point, bool bIn) override;
     void ZoomAll() override;
-    void ShowPointer(const SScenePoint& point);
-    /// Of the page before or after when it is out of sight.
+    void ShowPointer(const SScenePoint& point) override;
+    void Drag(const SScenePoint& from, const SScenePoint& to) override;
+    /// Scrolls by a page when the focus left the visible points, and shows it in the middle when that is not
+    /// enough.
     void FollowFocus(bool bOn);
     void UpdateTracks();
     /// The plot has its place within the labels.
@@ -86,7 +86,6 @@ private:
     SSceneLayer CurveLayer(const SGraphSurface& surface) const;
     void SetLayer(EGraphLayer layer, SSceneLayer now);
 
-    const CEvent& m_event;
     CUpdateHub& m_hub;
     CViewSelection& m_selection;
     CSettingsStore& m_settings;
@@ -94,8 +93,6 @@ private:
 
     SSceneArea m_area; ///< the client area
     CMapTransform m_transform{false};
-    std::optional<SScenePoint> m_dragged; ///< where the pointer was while it drags the graph
-    std::optional<SScenePoint> m_pointer; ///< where it was last
 
     // What is kept from scene to scene.
     std::vector<SGraphTrack> m_tracks;

@@ -31,9 +31,4 @@ inline constexpr std::array<SGridColumn, 6> MapFieldTable = {{
 /// The settings keep the choice under this name.
 inline constexpr std::string_view MapFieldsTable = "Map1";
 
-inline bool IsShown(const CGridFields& fields, EMapField field)
-{
-    return fields[static_cast<std::size_t>(field)].m_bDisplay;
-}
-
 } // namespace kestrabel

@@ -17,7 +17,7 @@ constexpr int PrefetchDistance = 16;
 } // namespace
 
 CMapView::CMapView(const CEvent& event, CUpdateHub& hub, CViewSelection& selection, CSettingsStore& settings)
-    : m_event(event),
+    : CSceneView(event),
       m_hub(hub),
       m_selection(selection),
       m_settings(settings),
@@ -232,25 +232,13 @@ void CMapView::OnLButtonDown(const SScenePoint& point, SModifiers modifiers)
     }
 }
 
-bool CMapView::OnMouseMove(const SScenePoint& point, bool bLeftButton)
+void CMapView::Drag(const SScenePoint& from, const SScenePoint& to)
 {
-    if (m_pointer != point) {
-        m_pointer = point;
-        ShowPointer(point);
-    }
-    if (!bLeftButton) {
-        m_dragged.reset();
-        return m_event.m_bCaptureFocus != 0;
-    }
-    if (m_dragged && *m_dragged != point) {
-        const CPosition from = m_transform.DeviceToWorld(*m_dragged);
-        const CPosition to = m_transform.DeviceToWorld(point);
-        m_transform.m_dWorldAnchorX += from.m_dLongitude - to.m_dLongitude;
-        m_transform.m_dWorldAnchorY += from.m_dLatitude - to.m_dLatitude;
-        m_dragged = point;
-        Refresh();
-    }
-    return false;
+    const CPosition grabbed = m_transform.DeviceToWorld(from);
+    const CPosition reached = m_transform.DeviceToWorld(to);
+    m_transform.m_dWorldAnchorX += grabbed.m_dLongitude - reached.m_dLongitude;
+    m_transform.m_dWorldAnchorY += grabbed.m_dLatitude - reached.m_dLatitude;
+    Refresh();
 }
 
 void CMapView::ShowPointer(const SScenePoint& point)

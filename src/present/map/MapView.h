@@ -47,8 +47,6 @@ public:
     /// With Ctrl zooms in there, with Shift moves that place to the middle, else puts the focus on the point
     /// there.
     void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) override;
-    void OnLButtonUp() override { m_dragged.reset(); }
-    bool OnMouseMove(const SScenePoint& point, bool bLeftButton) override;
 
     bool OnKeyDown(EViewKey key, SModifiers modifiers) override;
 
@@ -69,13 +67,13 @@ private:
     void ShowInMiddle(const CPosition& position);
     void ZoomAt(const SScenePoint& point, bool bIn) override;
     void ZoomAll() override;
-    void ShowPointer(const SScenePoint& point);
+    void ShowPointer(const SScenePoint& point) override;
+    void Drag(const SScenePoint& from, const SScenePoint& to) override;
     void ScrollPage(EViewKey key);
     void UpdateTracks();
     void SetLayer(EMapLayer layer, SSceneLayer now);
     SMapOptions Options() const { return MapOptions(m_fields, m_bNeighborhood); }
 
-    const CEvent& m_event;
     CUpdateHub& m_hub;
     CViewSelection& m_selection;
     CSettingsStore& m_settings;
@@ -84,8 +82,6 @@ private:
 
     CMapTransform m_transform;
     CGeoRect m_extent = MapExtent(m_selection);
-    std::optional<SScenePoint> m_dragged; ///< where the pointer was while it drags the map
-    std::optional<SScenePoint> m_pointer; ///< where it was last
 
     // What is kept from scene to scene.
     std::vector<SMapTrack> m_tracks;

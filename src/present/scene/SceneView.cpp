@@ -2,6 +2,23 @@
 
 namespace kestrabel {
 
+bool CSceneView::OnMouseMove(const SScenePoint& point, bool bLeftButton)
+{
+    if (m_pointer != point) {
+        m_pointer = point;
+        ShowPointer(point);
+    }
+    if (!bLeftButton) {
+        m_dragged.reset();
+        return m_event.m_bCaptureFocus != 0;
+    }
+    if (m_dragged && *m_dragged != point) {
+        Drag(*m_dragged, point);
+        m_dragged = point;
+    }
+    return false;
+}
+
 bool CSceneView::OnCommand(ECommand command)
 {
     switch (command) {

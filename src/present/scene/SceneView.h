@@ -1,6 +1,7 @@
 #pragma once
 
 #include "geo/GeoRect.h"
+#include "model/Event.h"
 #include "present/Command.h"
 #include "present/GridFieldsDialog.h"
 #include "present/scene/Scene.h"
@@ -36,6 +37,9 @@ enum class EViewKey
 class CSceneView : public CPane
 {
 public:
+    /// The event outlives the view.
+    explicit CSceneView(const CEvent& event) : m_event(event) {}
+
     struct SListener
     {
         /// The scene or a scroll bar may be another.
@@ -63,9 +67,9 @@ public:
     virtual void OnScroll(EScrollBar bar, EScroll scroll, int nThumb = 0) = 0;
 
     virtual void OnLButtonDown(const SScenePoint& point, SModifiers modifiers) = 0;
-    virtual void OnLButtonUp() = 0;
+    void OnLButtonUp() { m_dragged.reset(); }
     /// Drags with the left button held; shows where the pointer is. True: the pane is to take the keyboard.
-    virtual bool OnMouseMove(const SScenePoint& point, bool bLeftButton) = 0;
+    bool OnMouseMove(const SScenePoint& point, bool bLeftButton);
     /// Forward, away from the user, shows more.
     void OnMouseWheel(const SScenePoint& point, bool bForward) { ZoomAt(point, !bForward); }
     /// Remembers the place for the commands of the context menu.
@@ -87,8 +91,15 @@ protected:
     /// One step, after which the place shows what it showed before.
     virtual void ZoomAt(const SScenePoint& point, bool bIn) = 0;
     virtual void ZoomAll() = 0;
+    /// Status-bar texts for the place under the pointer.
+    virtual void ShowPointer(const SScenePoint& point) = 0;
+    /// What was at the first place is to be at the second.
+    virtual void Drag(const SScenePoint& from, const SScenePoint& to) = 0;
 
+    const CEvent& m_event;
     SListener m_listener;
+    std::optional<SScenePoint> m_dragged; ///< where the pointer was while it drags the view
+    std::optional<SScenePoint> m_pointer; ///< where it was last
     SScenePoint m_rightClicked;
 };
 
